@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QApplication>
+#include <QColor>
+#include <QImage>
+#include <QPointer>
+#include <QString>
+
+#include "platform/picture.h"
+
+class MainMenuBar;
+class WindowMain;
+
+// The one application object: it starts the program, holds the state that more than one
+// window needs, answers the menu items that no window owns, and tidies up at the end.
+class App : public QApplication {
+    Q_OBJECT
+public:
+    App(int& argc, char** argv);
+    ~App() override;
+
+    static App* instance() { return static_cast<App*>(QCoreApplication::instance()); }
+
+    // The rest of the start: Event_Open, then the main window, which fills its fields.
+    void start();
+
+    // Start, menu and stop events.
+    void Event_Open();
+    bool Event_CancelClose();
+    void Event_Close();
+    bool _Save_Action(int index);
+    bool _About_Action();
+    bool _Preferences_Action();
+    bool _RestoreNames_Action();
+
+    void SavePrefs();
+    void loadPrefs();
+    void saveAll();
+
+    MainMenuBar& menuBar() { return *menuBar_; }
+    // The main window; nullptr before start() and after it closed.
+    WindowMain* windowMain() const;
+
+    // An exception that reaches the event loop is shown to the user, and the program goes on.
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    // Shared image state: the selected file (empty for none), its picture (or hubble while
+    // no image is selected) and the composed preview.
+    PicturePtr op;
+    QString opf;
+    QImage opSmall;
+
+    // Settings shown and changed by the preferences window.
+    QString imageFormat;
+    int imageQuality = 0;
+    QString savePath;
+    int lastSize = 0;
+    QString openPrefs;
+    int frameWidth = 0;
+    QColor bordColor = QColor(255, 255, 255);
+    int brightness = 0;
+    int mainWinHeight = 0;
+    int mainWinWidth = 0;
+    QString shortName;
+
+private:
+    void bindMenuHandlers();
+
+    MainMenuBar* menuBar_ = nullptr;
+    QPointer<WindowMain> windowMain_;
+};

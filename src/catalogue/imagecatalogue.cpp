@@ -1,0 +1,227 @@
+#include "catalogue/imagecatalogue.h"
+
+#include <QMimeData>
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace {
+const QString kRowsMimeType = QStringLiteral("application/x-velmora-catalogue-rows");
+const QStringList kHeadings = {QStringLiteral("Picture name"), QStringLiteral("Original name"),
+                               QStringLiteral("Image path"),   QStringLiteral("Image type"),
+                               QStringLiteral("Width"),        QStringLiteral("Height")};
+}  // namespace
+
+ImageCatalogue::ImageCatalogue(QObject* parent) : QAbstractTableModel(parent), selection_(this) {
+    connect(&selection_, &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!notifyingFromSetter_) emit Change();
+    });
+}
+
+void ImageCatalogue::AddRow(const QString& pictureName) {
+    const int row = ListCount();
+    beginInsertRows({}, row, row);
+    CatalogueRow added;
+    added.pictureName = pictureName;
+    rows_.append(added);
+    endInsertRows();
+    lastIndex_ = row;
+}
+
+QString ImageCatalogue::Cell(int row, int column) const {
+    if (row < 0 || row >= ListCount()) return {};
+    return rows_[row].cell(column);
+}
+
+void ImageCatalogue::setCell(int row, int column, const QString& text) {
+    if (row < 0 || row >= ListCount()) return;
+    rows_[row].setCell(column, text);
+    if (column >= 0 && column < kVisibleColumns)
+        emit dataChanged(index(row, column), index(row, column));
+}
+
+int ImageCatalogue::ListIndex() const {
+    int first = -1;
+    for (const QModelIndex& selected : selection_.selectedRows()) {
+        if (first < 0 || selected.row() < first) first = selected.row();
+    }
+    return first;
+}
+
+void ImageCatalogue::setListIndex(int row) {
+    notifyingFromSetter_ = true;
+    if (row >= 0 && row < ListCount()) {
+        selection_.select(index(row, 0), QItemSelectionModel::ClearAndSelect |
+                                             QItemSelectionModel::Rows |
+                                             QItemSelectionModel::Current);
+    } else {
+        selection_.clearSelection();
+    }
+    notifyingFromSetter_ = false;
+    emit Change();
+}
+
+int ImageCatalogue::SelCount() const {
+    return static_cast<int>(selection_.selectedRows().size());
+}
+
+bool ImageCatalogue::Selected(int row) const {
+    return row >= 0 && row < ListCount() && selection_.isRowSelected(row, {});
+}
+
+QString ImageCatalogue::Text() const {
+    return Cell(ListIndex(), 0);
+}
+
+void ImageCatalogue::setText(const QString& text) {
+    setCell(ListIndex(), 0, text);
+}
+
+void ImageCatalogue::RemoveRow(int row) {
+    if (row < 0 || row >= ListCount()) return;
+    beginRemoveRows({}, row, row);
+    rows_.removeAt(row);
+    endRemoveRows();
+    clampLastIndex();
+}
+
+void ImageCatalogue::DeleteAllRows() {
+    beginResetModel();
+    rows_.clear();
+    endResetModel();
+    selection_.clear();
+    lastIndex_ = -1;
+}
+
+void ImageCatalogue::clampLastIndex() {
+    lastIndex_ = std::min(lastIndex_, ListCount() - 1);
+}
+
+void ImageCatalogue::moveRowsTo(QList<int> sourceRows, int destination) {
+    std::sort(sourceRows.begin(), sourceRows.end());
+    sourceRows.erase(std::unique(sourceRows.begin(), sourceRows.end()), sourceRows.end());
+    sourceRows.erase(std::remove_if(sourceRows.begin(), sourceRows.end(),
+                                    [this](int r) { return r < 0 || r >= ListCount(); }),
+                     sourceRows.end());
+    if (sourceRows.isEmpty()) return;
+    destination = std::clamp(destination, 0, ListCount());
+
+    // The new order: the rows that stay, with the moved block put where `destination` stood.
+    QList<int> order;  // order[newRow] = oldRow
+    for (int old = 0; old <= ListCount(); ++old) {
+        if (old == destination) order.append(sourceRows);
+        if (old < ListCount() && !sourceRows.contains(old)) order.append(old);
+    }
+    QList<int> newRowOf(ListCount());
+    for (int newRow = 0; newRow < order.size(); ++newRow) newRowOf[order[newRow]] = newRow;
+    if (std::is_sorted(order.begin(), order.end())) return;
+
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    QList<CatalogueRow> reordered;
+    reordered.reserve(rows_.size());
+    for (int old : order) reordered.append(rows_[old]);
+    rows_ = std::move(reordered);
+    const QModelIndexList persistent = persistentIndexList();
+    QModelIndexList moved;
+    moved.reserve(persistent.size());
+    for (const QModelIndex& before : persistent)
+        moved.append(index(newRowOf[before.row()], before.column()));
+    changePersistentIndexList(persistent, moved);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+bool ImageCatalogue::moveRows(const QModelIndex& sourceParent, int sourceRow, int count,
+                              const QModelIndex& destinationParent, int destinationChild) {
+    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0) return false;
+    if (sourceRow < 0 || sourceRow + count > ListCount()) return false;
+    QList<int> block;
+    for (int r = sourceRow; r < sourceRow + count; ++r) block.append(r);
+    moveRowsTo(block, destinationChild);
+    return true;
+}
+
+void ImageCatalogue::updateTheList() {
+    const int count = ListCount();
+    setListIndex(LastIndex());
+    setCountText(text::Str(ListCount()) +
+                 (count == 1 ? QStringLiteral(" image") : QStringLiteral(" images")));
+    progressText_ = text::Str(ListCount()) + QStringLiteral(" images added, please wait.");
+    emit progressTextChanged(progressText_);
+}
+
+void ImageCatalogue::setCountText(const QString& text) {
+    countText_ = text;
+    emit countTextChanged(countText_);
+}
+
+void ImageCatalogue::setRenameFlag(const QString& flag) {
+    renameFlag_ = flag;
+    emit renameFlagChanged(renameFlag_);
+}
+
+int ImageCatalogue::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ListCount();
+}
+
+int ImageCatalogue::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : kVisibleColumns;
+}
+
+QVariant ImageCatalogue::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
+    if (role == Qt::ToolTipRole) return {};  // the list's own tooltip speaks for every row
+    return Cell(index.row(), index.column());
+}
+
+QVariant ImageCatalogue::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 &&
+        section < kHeadings.size())
+        return kHeadings[section];
+    return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+Qt::ItemFlags ImageCatalogue::flags(const QModelIndex& index) const {
+    // No cell is editable; rows can be dragged, and dropped between other rows.
+    if (!index.isValid()) return Qt::ItemIsDropEnabled;
+    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled |
+           Qt::ItemNeverHasChildren;
+}
+
+Qt::DropActions ImageCatalogue::supportedDropActions() const {
+    return Qt::MoveAction;
+}
+
+QStringList ImageCatalogue::mimeTypes() const {
+    return {kRowsMimeType};
+}
+
+QMimeData* ImageCatalogue::mimeData(const QModelIndexList& indexes) const {
+    QList<int> rowsOfDrag;
+    for (const QModelIndex& i : indexes)
+        if (!rowsOfDrag.contains(i.row())) rowsOfDrag.append(i.row());
+    std::sort(rowsOfDrag.begin(), rowsOfDrag.end());
+    QStringList numbers;
+    for (int r : rowsOfDrag) numbers.append(QString::number(r));
+    auto* data = new QMimeData;
+    data->setData(kRowsMimeType, numbers.join(u',').toLatin1());
+    return data;
+}
+
+bool ImageCatalogue::canDropMimeData(const QMimeData* data, Qt::DropAction action, int, int,
+                                     const QModelIndex&) const {
+    return data && data->hasFormat(kRowsMimeType) && action == Qt::MoveAction;
+}
+
+bool ImageCatalogue::dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int,
+                                  const QModelIndex& parent) {
+    if (!canDropMimeData(data, action, row, 0, parent)) return false;
+    QList<int> sourceRows;
+    for (const QByteArray& number : data->data(kRowsMimeType).split(','))
+        if (!number.isEmpty()) sourceRows.append(number.toInt());
+    int destination = row;
+    if (destination < 0) destination = parent.isValid() ? parent.row() : ListCount();
+    moveRowsTo(sourceRows, destination);
+    // The rows have moved here already: answering false keeps the view from removing the
+    // "source" rows as it would after an ordinary move between two models.
+    return false;
+}

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QItemSelectionModel>
+#include <QList>
+#include <QString>
+
+#include "catalogue/cataloguerow.h"
+
+// The ordered list of images with its selection, the rename flag, the count text and the
+// progress text. The list control of the main window is a view of it; its operations carry
+// the names of the list control's members that they stand for.
+class ImageCatalogue : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    static constexpr int kVisibleColumns = 6;
+
+    explicit ImageCatalogue(QObject* parent = nullptr);
+
+    // Appends a row whose cell 0 is `pictureName`; it becomes the last added row. The selection
+    // stays as it is.
+    void AddRow(const QString& pictureName);
+    QString Cell(int row, int column) const;
+    void setCell(int row, int column, const QString& text);
+    int ListCount() const { return static_cast<int>(rows_.size()); }
+    // The row that AddRow added last, kept on an existing row after removals; -1 when empty.
+    int LastIndex() const { return lastIndex_; }
+    // The first selected row, or -1.
+    int ListIndex() const;
+    // Makes `row` the only selected row, or selects nothing when `row` names no row, and runs
+    // Change before returning, also when the selection was already that row.
+    void setListIndex(int row);
+    int SelCount() const;
+    bool Selected(int row) const;
+    // The first cell of the selected row; writing without a selection does nothing.
+    QString Text() const;
+    void setText(const QString& text);
+    void RemoveRow(int row);
+    void DeleteAllRows();
+
+    const QList<CatalogueRow>& rows() const { return rows_; }
+    QItemSelectionModel* selectionModel() { return &selection_; }
+
+    // Moves the given rows, in their order, to stand before `destination` (a row index of the
+    // list before the move; ListCount() for the end). Whole rows move, captions included.
+    void moveRowsTo(QList<int> sourceRows, int destination);
+
+    // Brings selection, count text and progress text up to date after the rows changed.
+    void updateTheList();
+
+    QString countText() const { return countText_; }
+    void setCountText(const QString& text);
+    QString progressText() const { return progressText_; }
+    QString renameFlag() const { return renameFlag_; }
+    void setRenameFlag(const QString& flag);
+
+    // QAbstractTableModel
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    bool moveRows(const QModelIndex& sourceParent, int sourceRow, int count,
+                  const QModelIndex& destinationParent, int destinationChild) override;
+    Qt::DropActions supportedDropActions() const override;
+    QStringList mimeTypes() const override;
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
+    bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                         const QModelIndex& parent) const override;
+    bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                      const QModelIndex& parent) override;
+
+signals:
+    // The selection changed, by the user or by the program.
+    void Change();
+    void countTextChanged(const QString& text);
+    void progressTextChanged(const QString& text);
+    void renameFlagChanged(const QString& flag);
+
+private:
+    void clampLastIndex();
+
+    QList<CatalogueRow> rows_;
+    int lastIndex_ = -1;
+    QItemSelectionModel selection_;
+    bool notifyingFromSetter_ = false;
+    QString countText_ = QStringLiteral("0 images");
+    QString progressText_;
+    QString renameFlag_ = QStringLiteral("no");
+};

@@ -1,0 +1,22 @@
+#include "catalogue/stripextension.h"
+
+#include <QStringList>
+
+#include "platform/text.h"
+
+namespace {
+// Each known extension once in lower and once in upper case, as the list was always kept.
+const QStringList kKnownExtensions = {"jpg", "jpeg", "tif", "tiff", "pct", "psd", "gif",
+                                      "png", "bmp",  "jpf", "jps",  "pdf", "pbm", "tga",
+                                      "JPG", "JPEG", "TIF", "TIFF", "PCT", "PSD", "GIF",
+                                      "PNG", "BMP",  "JPF", "JPS",  "PDF", "PBM", "TGA"};
+}  // namespace
+
+QString stripExtension(const QString& name) {
+    const int fields = text::CountFields(name, QStringLiteral("."));
+    if (fields <= 1) return name;
+    const QString ext = text::NthField(name, QStringLiteral("."), fields);
+    // The search folds case, so "photo.Jpg" loses its extension like "photo.jpg".
+    if (!kKnownExtensions.contains(ext, Qt::CaseInsensitive)) return name;
+    return name.left(name.lastIndexOf(u'.'));
+}

@@ -1,0 +1,10 @@
+#include "mainwindow/windowmain.h"
+
+WindowMain::WindowMain(QWidget* parent) : QMainWindow(parent) {}
+void WindowMain::Event_Open() {}
+GallerySettings WindowMain::gallerySettings() const {
+    return {};
+}
+QString WindowMain::countText() const {
+    return catalogue_.countText();
+}

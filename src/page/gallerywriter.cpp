@@ -1,0 +1,154 @@
+#include "page/gallerywriter.h"
+
+#include <QBuffer>
+#include <QSaveFile>
+
+#include "page/htmlwindow.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/text.h"
+
+namespace {
+
+class PageStream {
+public:
+    explicit PageStream(QIODevice& device) : device_(device) {}
+
+    // One line of the page, ended by a line feed.
+    void WriteLine(const QString& line = {}) {
+        if (!ok_) return;
+        const QByteArray bytes = (line + QLatin1Char('\n')).toUtf8();
+        ok_ = device_.write(bytes) == bytes.size();
+    }
+    // A template block: its carriage returns become line feeds, and WriteLine ends the line
+    // after the block's own last line end, as the page has always been written.
+    void WriteBlock(QString block) {
+        block.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+        WriteLine(block);
+    }
+    bool ok() const { return ok_; }
+
+private:
+    QIODevice& device_;
+    bool ok_ = true;
+};
+
+// The cells of a row the count text promises but the list does not hold read as empty.
+QString cellOf(const QList<CatalogueRow>& rows, int row, int column) {
+    return row >= 0 && row < rows.size() ? rows[row].cell(column) : QString();
+}
+
+}  // namespace
+
+bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const QString& countText,
+                      const QList<CatalogueRow>& rows) {
+    const QString TAB = text::Chr(9);
+    const int imageTotal = text::truncateToInt(text::Val(countText));
+    const QString& bgColor = settings.bgColor;
+    const QString& textColor = settings.textColor;
+    const QString& captionColor = settings.captionColor;
+    PageStream out(device);
+
+    out.WriteBlock(htmlWindow::head01());
+    out.WriteLine("<title>" + settings.galleryHTMLtitle + "</title>");
+    out.WriteBlock(htmlWindow::head02());
+    out.WriteLine("<body style='background-color:" + bgColor + ";'>");
+    if (!settings.fullPageWidth) out.WriteLine("<div class='container'>");
+    out.WriteLine(" <div style='text-align:center'>");
+    out.WriteLine(TAB + "<h1 class='display-4' style='color:" + textColor + ";'>" +
+                  settings.galleryTitle + "</h1>");
+    out.WriteLine(TAB + "<p class='h4' style='color:" + textColor + ";'>" +
+                  settings.gallerySubTitle + "</p>");
+    out.WriteLine("</div>");
+    out.WriteLine();
+    out.WriteLine();
+    out.WriteBlock(htmlWindow::carousel01());
+    for (int i = 0; i < imageTotal; ++i) {
+        out.WriteLine(TAB + "<li data-target='#simpleCarousel' data-slide-to='" + text::Str(i) +
+                      (i == 0 ? "' class='active'></li>" : "'></li>"));
+    }
+    out.WriteLine("</ol>");
+    out.WriteLine();
+    out.WriteLine();
+    out.WriteLine("<div class='carousel-inner'>");
+    out.WriteLine("<div class='carousel-inner'>");
+
+    out.WriteLine(TAB + "<div class='carousel-item active' data-interval='4000'>");
+    out.WriteLine(TAB + TAB + "<div class='carousel-caption d-none d-md-block' style='color:" +
+                  bgColor + "'><h5>" + "0" + "</h5></div>");
+    out.WriteLine(TAB + TAB + "<img src='" + cellOf(rows, 0, 1) +
+                  "' class='d-block w-100' alt=''>");
+    out.WriteLine(TAB + TAB +
+                  "<div class='carousel-caption d-none d-md-block' style='color:" + captionColor +
+                  "'><h5>" + cellOf(rows, 0, CatalogueRow::kCaptionCell) + "</h5></div>");
+    out.WriteLine(TAB + "</div>");
+    out.WriteLine();
+
+    for (int i = 1; i < imageTotal; ++i) {
+        out.WriteLine("<div class='carousel-item' data-interval='4000'>");
+        out.WriteLine(TAB + "<img src='" + cellOf(rows, i, 1) + "' class='d-block w-100' alt=''>");
+        out.WriteLine(
+            TAB + "<div class='carousel-caption d-none d-md-block' style='color:" + captionColor +
+            "'><h5>" + cellOf(rows, i, CatalogueRow::kCaptionCell) + "</h5></div>");
+        out.WriteLine("</div>");
+        out.WriteLine();
+    }
+    out.WriteLine("</div>");
+    out.WriteBlock(htmlWindow::bodyClose());
+    if (!settings.fullPageWidth) out.WriteLine("</div>");
+    out.WriteLine("</div>");
+    out.WriteLine("</div>");
+    out.WriteLine("</body>");
+    out.WriteLine("</html>");
+    return out.ok();
+}
+
+QString galleryPagePath(const GallerySettings& settings) {
+    return settings.galleryPath + settings.galleryFileName;
+}
+
+PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
+                                const QList<CatalogueRow>& rows) {
+    PageWriteResult result;
+    result.path = galleryPagePath(settings);
+
+    QBuffer page;
+    page.open(QIODevice::WriteOnly);
+    writeGalleryPage(page, settings, countText, rows);
+    const QByteArray& bytes = page.data();
+
+    QSaveFile file(result.path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        result.error = file.errorString();
+        return result;
+    }
+    // A write cut short (a full disk, a size limit) is not always reported as an error, so the
+    // size on disk is checked before the new page replaces the old one.
+    const bool written = file.write(bytes) == bytes.size() && file.flush();
+    if (!written || file.size() != bytes.size()) {
+        result.error = written
+                           ? QStringLiteral("Only %1 of %2 bytes reached the disk; it may be full.")
+                                 .arg(file.size())
+                                 .arg(bytes.size())
+                           : file.errorString();
+        file.cancelWriting();
+        return result;
+    }
+    if (!file.commit()) {
+        result.error = file.errorString();
+        return result;
+    }
+    result.ok = true;
+    return result;
+}
+
+void publishGalleryPage(const GallerySettings& settings, const QString& countText,
+                        const QList<CatalogueRow>& rows) {
+    const PageWriteResult result = saveGalleryPage(settings, countText, rows);
+    if (!result.ok) {
+        MsgBox("The gallery page could not be written." + text::Chr(13) + result.path +
+               text::Chr(13) + result.error);
+        return;
+    }
+    Launch(result.path);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include "catalogue/cataloguerow.h"
+#include "page/gallerysettings.h"
+
+class QIODevice;
+
+// Writes the gallery page for `rows` to `device` as UTF-8 with LF line ends. The number of
+// slides is the leading number of `countText`, as the list's count label shows it; nothing
+// that goes into the page is escaped. Returns false when the device refused a write.
+bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const QString& countText,
+                      const QList<CatalogueRow>& rows);
+
+// The page's file: the gallery folder followed at once by the file name.
+QString galleryPagePath(const GallerySettings& settings);
+
+struct PageWriteResult {
+    bool ok = false;
+    QString path;
+    QString error;  // the system's reason when `ok` is false
+};
+
+// Writes the page file atomically: on any failure an earlier page of that name stays as it was
+// and no partial file remains.
+PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
+                                const QList<CatalogueRow>& rows);
+
+// Saves the page and opens it in the default application, or tells the user why it could not
+// be written.
+void publishGalleryPage(const GallerySettings& settings, const QString& countText,
+                        const QList<CatalogueRow>& rows);

@@ -1,0 +1,100 @@
+#include "page/htmlwindow.h"
+
+#include <QStringList>
+
+namespace htmlWindow {
+namespace {
+
+QString block(const QStringList& lines) {
+    QString text;
+    for (const QString& line : lines) text += line + QLatin1Char('\r');
+    return text;
+}
+
+}  // namespace
+
+const QString& head01() {
+    static const QString text = block({
+        QStringLiteral("<!doctype html>"),
+        QStringLiteral("<html lang=\"en\">"),
+        QStringLiteral("  <head>"),
+        QStringLiteral("    <!-- Required meta tags -->"),
+        QStringLiteral("    <meta charset=\"utf-8\">"),
+        QStringLiteral("    <meta name=\"viewport\" content=\"width=device-width, initial-scale=1, "
+                       "shrink-to-fit=no\">"),
+        QString(),
+        QStringLiteral("    <!-- Bootstrap CSS -->"),
+        QStringLiteral("    <link rel=\"stylesheet\" href=\"https://") + packageCdnHost +
+            QStringLiteral("/npm/bootstrap@4.5.3/dist/css/bootstrap.min.css\" "
+                           "integrity=\"sha384-TX8t27EcRE3e/"
+                           "ihU7zmQxVncDAy5uIKz4rEkgIXeMed4M0jlfIDPvg6uqKI2xXr2\" "
+                           "crossorigin=\"anonymous\">"),
+    });
+    return text;
+}
+
+const QString& head02() {
+    static const QString text = block({
+        QStringLiteral("   <!-- Popper.js, and Bootstrap JS -->"),
+        QStringLiteral("    <script src=\"https://") + jqueryCdnHost +
+            QStringLiteral("/jquery-3.5.1.slim.min.js\" "
+                           "integrity=\"sha384-DfXdz2htPH0lsSSs5nCTpuj/"
+                           "zy4C+OGpamoFVy38MVBnE+IbbVYUew+OrCXaRkfj\" "
+                           "crossorigin=\"anonymous\"></script>"),
+        QStringLiteral("    <script src=\"https://") + packageCdnHost +
+            QStringLiteral("/npm/popper.js@1.16.1/dist/umd/popper.min.js\" "
+                           "integrity=\"sha384-9/"
+                           "reFTGAW83EW2RDu2S0VKaIzap3H66lZH81PoYlFhbGU+6BZp6G7niu735Sk7lN\" "
+                           "crossorigin=\"anonymous\"></script>"),
+        QStringLiteral("    <script src=\"https://") + packageCdnHost +
+            QStringLiteral("/npm/bootstrap@4.5.3/dist/js/bootstrap.min.js\" "
+                           "integrity=\"sha384-w1Q4orYjBQndcko6MimVbzY0tgp4pWB4lZ7lr30WKz0vr/"
+                           "aWKhXdBNmNb5D92v7s\" "
+                           "crossorigin=\"anonymous\"></script>"),
+        QString(),
+        QStringLiteral("  </head>"),
+        QString(),
+    });
+    return text;
+}
+
+const QString& carousel01() {
+    static const QString text = block({
+        QStringLiteral("<div id=\"simpleCarousel\" class=\"carousel slide carousel-fade\" "
+                       "data-ride=\"carousel\">"),
+        QString(),
+        QString(),
+        QStringLiteral("<ol class=\"carousel-indicators\">"),
+    });
+    return text;
+}
+
+const QString& carousel02() {
+    static const QString text = block({
+        QStringLiteral(" </ol>"),
+        QStringLiteral("  <div class=\"carousel-inner\">"),
+    });
+    return text;
+}
+
+const QString& bodyClose() {
+    static const QString text = block({
+        QStringLiteral(
+            "  <a class=\"carousel-control-prev\" href=\"#simpleCarousel\" role=\"button\" "
+            "data-slide=\"prev\">"),
+        QStringLiteral(
+            "    <span class=\"carousel-control-prev-icon\" aria-hidden=\"true\"></span>"),
+        QStringLiteral("    <span class=\"sr-only\">Previous</span>"),
+        QStringLiteral("  </a>"),
+        QStringLiteral(
+            "  <a class=\"carousel-control-next\" href=\"#simpleCarousel\" role=\"button\" "
+            "data-slide=\"next\">"),
+        QStringLiteral(
+            "    <span class=\"carousel-control-next-icon\" aria-hidden=\"true\"></span>"),
+        QStringLiteral("    <span class=\"sr-only\">Next</span>"),
+        QStringLiteral("  </a>"),
+    });
+    return text;
+}
+
+}  // namespace htmlWindow

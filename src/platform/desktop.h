@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+// Handing files and addresses to the user's desktop, behind an interface that tests replace so
+// that no test ever opens a browser.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+    // Opens a file in its default application.
+    virtual void launch(const QString& path) = 0;
+    // Opens an address in the default web browser.
+    virtual void showURL(const QString& url) = 0;
+};
+
+class QtDesktop final : public Desktop {
+public:
+    void launch(const QString& path) override;
+    void showURL(const QString& url) override;
+};
+
+namespace platform {
+// The desktop in use: the real one unless a test installed another (nullptr restores it).
+Desktop& desktop();
+void installDesktop(Desktop* replacement);
+}  // namespace platform
+
+void Launch(const QString& path);
+void ShowURL(const QString& url);

@@ -1,0 +1,50 @@
+#include "resources/namedpictures.h"
+
+#include <QHash>
+
+static void loadPictureResources() {
+    Q_INIT_RESOURCE(resources);
+}
+
+namespace pictures {
+namespace {
+
+PicturePtr named(const QString& name) {
+    static QHash<QString, PicturePtr> kept;
+    auto found = kept.constFind(name);
+    if (found != kept.cend()) return *found;
+    loadPictureResources();
+    PicturePtr picture = Picture::open(QStringLiteral(":/pictures/") + name);
+    kept.insert(name, picture);
+    return picture;
+}
+
+}  // namespace
+
+PicturePtr paypal() {
+    return named(QStringLiteral("paypal"));
+}
+PicturePtr pebble730() {
+    return named(QStringLiteral("pebble730"));
+}
+PicturePtr pebble512() {
+    return named(QStringLiteral("pebble512"));
+}
+PicturePtr pebble128() {
+    return named(QStringLiteral("pebble128"));
+}
+PicturePtr hubble() {
+    return named(QStringLiteral("hubble"));
+}
+PicturePtr help() {
+    return named(QStringLiteral("help"));
+}
+PicturePtr blue() {
+    return named(QStringLiteral("blue"));
+}
+
+QPixmap pixmapOf(const PicturePtr& picture) {
+    return picture ? QPixmap::fromImage(picture->decode()) : QPixmap();
+}
+
+}  // namespace pictures

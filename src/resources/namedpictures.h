@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QIcon>
+#include <QPixmap>
+
+#include "platform/picture.h"
+
+// The program's own pictures, each loaded from the resources on first use and kept, so that
+// every use gives the very same object (the preview tells "no image" by identity with hubble).
+namespace pictures {
+
+PicturePtr paypal();
+PicturePtr pebble730();
+PicturePtr pebble512();
+PicturePtr pebble128();
+PicturePtr hubble();
+PicturePtr help();
+PicturePtr blue();
+
+// A named picture drawn at its own size, for image wells and button icons.
+QPixmap pixmapOf(const PicturePtr& picture);
+
+}  // namespace pictures

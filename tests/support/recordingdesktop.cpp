@@ -1,0 +1,16 @@
+#include "support/recordingdesktop.h"
+
+void RecordingDesktop::launch(const QString& path) {
+    launched.append(path);
+}
+
+void RecordingDesktop::showURL(const QString& url) {
+    urls.append(url);
+    if (onShowURL) onShowURL(url);
+}
+
+void RecordingDesktop::clear() {
+    launched.clear();
+    urls.clear();
+    onShowURL = nullptr;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStringList>
+#include <functional>
+
+#include "platform/desktop.h"
+
+// Records what would have been opened on the desktop; opens nothing.
+class RecordingDesktop final : public Desktop {
+public:
+    void launch(const QString& path) override;
+    void showURL(const QString& url) override;
+    void clear();
+
+    QStringList launched;
+    QStringList urls;
+    // Runs at each showURL, to look at the program's state at that moment.
+    std::function<void(const QString&)> onShowURL;
+};
