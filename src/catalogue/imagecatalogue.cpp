@@ -2,6 +2,7 @@
 
 #include <QMimeData>
 #include <algorithm>
+#include <vector>
 
 #include "platform/text.h"
 
@@ -112,7 +113,7 @@ void ImageCatalogue::moveRowsTo(QList<int> sourceRows, int destination) {
         if (old == destination) order.append(sourceRows);
         if (old < ListCount() && !sourceRows.contains(old)) order.append(old);
     }
-    QList<int> newRowOf(ListCount());
+    std::vector<int> newRowOf(rows_.size());
     for (int newRow = 0; newRow < order.size(); ++newRow) newRowOf[order[newRow]] = newRow;
     if (std::is_sorted(order.begin(), order.end())) return;
 
