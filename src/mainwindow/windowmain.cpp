@@ -8,3 +8,4 @@ GallerySettings WindowMain::gallerySettings() const {
 QString WindowMain::countText() const {
     return catalogue_.countText();
 }
+ImageCanvas* WindowMain::imageCanvas() const { return nullptr; }

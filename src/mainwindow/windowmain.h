@@ -6,6 +6,8 @@
 #include "page/gallerysettings.h"
 
 // Temporary skeleton of the main window.
+class ImageCanvas;
+
 class WindowMain : public QMainWindow {
     Q_OBJECT
 public:
@@ -14,6 +16,7 @@ public:
     ImageCatalogue& catalogue() { return catalogue_; }
     GallerySettings gallerySettings() const;
     QString countText() const;
+    ImageCanvas* imageCanvas() const;
 
 private:
     ImageCatalogue catalogue_;
