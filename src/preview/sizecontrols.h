@@ -17,7 +17,7 @@ public:
         Slider* SliderSize = nullptr;
         QRadioButton* RadioButtonWidth = nullptr;
         QRadioButton* RadioButtonHeight = nullptr;
-        ImageCanvas* ImageCanvas = nullptr;
+        ::ImageCanvas* canvas = nullptr;
     };
 
     SizeControls(const Controls& controls, QObject* parent = nullptr);
