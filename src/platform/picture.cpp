@@ -17,7 +17,16 @@ std::shared_ptr<Picture> Picture::open(const QString& path) {
     return std::shared_ptr<Picture>(new Picture(path, size));
 }
 
+namespace {
+int decodesSoFar = 0;
+}
+
+int Picture::decodeCount() {
+    return decodesSoFar;
+}
+
 QImage Picture::decode(QSize target) const {
+    ++decodesSoFar;
     QImageReader reader(path_);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(false);

@@ -24,6 +24,10 @@ public:
     // no longer be decoded.
     QImage decode(QSize target = {}) const;
 
+    // How many decodes have run in this process, so that callers can tell that a repaint
+    // decoded nothing.
+    static int decodeCount();
+
 private:
     Picture(QString path, QSize size) : path_(std::move(path)), size_(size) {}
 

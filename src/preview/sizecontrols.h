@@ -7,8 +7,9 @@ class QLineEdit;
 class QRadioButton;
 class Slider;
 
-// The handlers of the five size controls of the main window. (Being built: this is the seam
-// the main window creates after its controls exist.)
+// The handlers of the main window's size controls. The field, the slider and App.lastSize are
+// three copies of the wanted preview size; the radio buttons say whether it is a width or a
+// height. Every change asks the canvas for a new preview.
 class SizeControls : public QObject {
     Q_OBJECT
 public:
@@ -22,6 +23,21 @@ public:
 
     SizeControls(const Controls& controls, QObject* parent = nullptr);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private slots:
+    bool resizedWidth_KeyDown(int key);
+    void resizedWidth_TextChange();
+    void resizedWidth_LostFocus();
+    void SliderSize_ValueChanged();
+    void RadioButtonWidth_Action();
+    void RadioButtonHeight_Action();
+
 private:
+    // Mends the field on commit: below 1 becomes "1", above 9999 becomes "9999".
+    void applyClampRule();
+    int fieldNumber() const;
+
     Controls controls_;
 };

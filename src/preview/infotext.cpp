@@ -1,0 +1,24 @@
+#include "preview/infotext.h"
+
+#include <QLabel>
+
+#include "platform/text.h"
+
+namespace infotext {
+
+QString start() {
+    return QStringLiteral(
+               "To start, simply Drag and Drag  a folder of chosen images onto this window.") +
+           text::Chr(13) +
+           QStringLiteral("Please take note: the images have to be already resized.");
+}
+
+QString ready() {
+    return QStringLiteral("Ready to create the gallery!");
+}
+
+void show(QLabel* label, const QString& text) {
+    label->setText(QString(text).replace(text::Chr(13), QStringLiteral("\n")));
+}
+
+}  // namespace infotext

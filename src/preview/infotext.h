@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+class QLabel;
+
+// The messages that the preview writes into the main window's info line.
+namespace infotext {
+
+// While no image is on show: two lines parted by Chr(13), as the program writes them.
+QString start();
+// While an image is on show.
+QString ready();
+
+// Puts `text` into `label`. The program parts the lines of a message with Chr(13), and a QLabel
+// breaks lines at "\n" only, so the label holds each Chr(13) as "\n".
+void show(QLabel* label, const QString& text);
+
+}  // namespace infotext
