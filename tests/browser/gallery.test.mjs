@@ -1,0 +1,267 @@
+// Opens the written gallery pages from disk in headless Chromium and checks them as a visitor
+// sees them. The four CDN files are answered from the pinned npm copies, so nothing leaves the
+// machine and the browser checks each integrity attribute against the real file.
+//
+//   GALLERY_DIR=<folder of write_gallery_pages> [SCREENSHOT_DIR=<folder>] node gallery.test.mjs
+
+import assert from 'node:assert/strict';
+import fs from 'node:fs';
+import os from 'node:os';
+import path from 'node:path';
+import { after, before, test } from 'node:test';
+import { fileURLToPath, pathToFileURL } from 'node:url';
+
+const here = path.dirname(fileURLToPath(import.meta.url));
+const gallery = JSON.parse(fs.readFileSync(path.join(here, 'gallery.json'), 'utf8'));
+const galleryDir = process.env.GALLERY_DIR;
+const screenshotDir = process.env.SCREENSHOT_DIR ?? galleryDir;
+const chromiumPath = process.env.CHROMIUM ?? '/usr/bin/chromium';
+
+const cdnFiles = {
+  'https://cdn.jsdelivr.net/npm/bootstrap@4.5.3/dist/css/bootstrap.min.css': {
+    file: 'bootstrap/dist/css/bootstrap.min.css',
+    type: 'text/css; charset=utf-8',
+  },
+  'https://code.jquery.com/jquery-3.5.1.slim.min.js': {
+    file: 'jquery/dist/jquery.slim.min.js',
+    type: 'application/javascript; charset=utf-8',
+  },
+  'https://cdn.jsdelivr.net/npm/popper.js@1.16.1/dist/umd/popper.min.js': {
+    file: 'popper.js/dist/umd/popper.min.js',
+    type: 'application/javascript; charset=utf-8',
+  },
+  'https://cdn.jsdelivr.net/npm/bootstrap@4.5.3/dist/js/bootstrap.min.js': {
+    file: 'bootstrap/dist/js/bootstrap.min.js',
+    type: 'application/javascript; charset=utf-8',
+  },
+};
+
+function requireTools() {
+  const missing = ['playwright-core/package.json', ...Object.values(cdnFiles).map((c) => c.file)]
+    .map((file) => path.join(here, 'node_modules', file))
+    .filter((file) => !fs.existsSync(file));
+  if (missing.length > 0) {
+    throw new Error(
+      `The browser test's npm packages are missing (${missing[0]}).\n` +
+        `Run "npm ci" in ${here} first.`,
+    );
+  }
+  if (!fs.existsSync(chromiumPath)) {
+    throw new Error(`No Chromium at ${chromiumPath}: install Debian's "chromium" package.`);
+  }
+  if (!galleryDir || !fs.existsSync(galleryDir)) {
+    throw new Error('GALLERY_DIR must name the folder that write_gallery_pages filled.');
+  }
+}
+
+requireTools();
+const { chromium } = await import('playwright-core');
+
+const images = gallery.images;
+const colours = gallery.colours;
+const onlyAt = (index) => images.map((_, i) => i === index);
+// Captions go into the page as markup, so the visitor reads them without their tags.
+const shownText = (markup) => markup.replace(/<[^>]*>/g, '');
+
+let context;
+let profileDir;
+
+before(async () => {
+  profileDir = fs.mkdtempSync(path.join(os.tmpdir(), 'velmora-chromium-'));
+  context = await chromium.launchPersistentContext(profileDir, {
+    executablePath: chromiumPath,
+    headless: true,
+    // Captions are hidden below Bootstrap's md breakpoint.
+    viewport: { width: 1280, height: 900 },
+    args: [
+      '--no-sandbox',
+      '--disable-gpu',
+      '--disable-quic',
+      '--no-first-run',
+      '--disable-background-networking',
+      '--disable-component-update',
+      '--disable-sync',
+    ],
+  });
+});
+
+after(async () => {
+  await context?.close();
+  if (profileDir) fs.rmSync(profileDir, { recursive: true, force: true });
+});
+
+// Answers the CDN addresses from the local copies and refuses every other address. Whatever goes
+// wrong on the page is collected in `trouble`.
+async function openOffline(file) {
+  const page = await context.newPage();
+  const served = new Set();
+  const trouble = [];
+  page.on('console', (message) => {
+    if (message.type() === 'error') trouble.push(`console: ${message.text()}`);
+  });
+  page.on('pageerror', (error) => trouble.push(`page error: ${error.message}`));
+  page.on('requestfailed', (request) =>
+    trouble.push(`request failed: ${request.url()} (${request.failure()?.errorText})`),
+  );
+  await page.route('**/*', async (route) => {
+    const url = route.request().url();
+    if (url.startsWith('file:')) return route.continue();
+    const cdnFile = cdnFiles[url];
+    if (!cdnFile) {
+      trouble.push(`refused: ${url}`);
+      return route.abort();
+    }
+    served.add(url);
+    return route.fulfill({
+      status: 200,
+      contentType: cdnFile.type,
+      headers: { 'Access-Control-Allow-Origin': '*' },
+      body: fs.readFileSync(path.join(here, 'node_modules', cdnFile.file)),
+    });
+  });
+  await page.goto(pathToFileURL(path.join(galleryDir, file)).href);
+  return { page, served, trouble };
+}
+
+// Waits until the slide at `index` is the active one and Bootstrap's transition has ended.
+async function waitForSlide(page, index, how) {
+  await page
+    .waitForFunction(
+      (i) => {
+        const items = document.querySelectorAll('#simpleCarousel .carousel-item');
+        // While they move, Bootstrap marks both slides carousel-item-next, -prev, -left or -right.
+        const moving = '[class*="carousel-item-"]';
+        return items[i]?.classList.contains('active') && !document.querySelector(moving);
+      },
+      index,
+      { timeout: 5000 },
+    )
+    .catch(() => assert.fail(`slide ${index} did not come up after ${how}`));
+}
+
+// What a visitor sees of the carousel at this moment.
+function carouselState(page) {
+  return page.evaluate(() => {
+    const items = [...document.querySelectorAll('#simpleCarousel .carousel-item')];
+    const active = items.find((item) => item.classList.contains('active'));
+    // The first slide carries an extra caption ahead of its image; the slide's own is the last.
+    const caption = [...active.querySelectorAll('.carousel-caption')].pop();
+    const heading = caption.querySelector('h5');
+    const picture = active.querySelector('img').getBoundingClientRect();
+    return {
+      active: items.map((item) => item.classList.contains('active')),
+      shown: items.map((item) => getComputedStyle(item).display !== 'none'),
+      indicators: [...document.querySelectorAll('#simpleCarousel .carousel-indicators li')].map(
+        (li) => li.classList.contains('active'),
+      ),
+      caption: {
+        text: heading.textContent,
+        colour: getComputedStyle(heading).color,
+        visible: getComputedStyle(caption).display !== 'none' && heading.offsetHeight > 0,
+      },
+      picture: { left: Math.round(picture.left), right: Math.round(picture.right) },
+      viewportWidth: document.documentElement.clientWidth,
+    };
+  });
+}
+
+function checkPictureWidth(state, fullWidth) {
+  const { left, right } = state.picture;
+  if (fullWidth) {
+    assert.deepEqual({ left, right }, { left: 0, right: state.viewportWidth }, 'edge to edge');
+  } else {
+    const rightMargin = state.viewportWidth - right;
+    assert.ok(left > 0 && rightMargin > 0, `margins on both sides, got ${left} and ${rightMargin}`);
+    assert.ok(Math.abs(left - rightMargin) <= 1, `centred, got ${left} and ${rightMargin}`);
+  }
+}
+
+for (const { file, fullWidth } of gallery.pages) {
+  test(`${file} works offline in Chromium`, { timeout: 45000 }, async (t) => {
+    const { page, served, trouble } = await openOffline(file);
+    try {
+      await t.test('loads its style sheet and scripts, each passing its integrity check', async () => {
+        assert.deepEqual(trouble, []);
+        assert.deepEqual([...served].sort(), Object.keys(cdnFiles).sort());
+        const libraries = await page.evaluate(() => ({
+          jquery: window.jQuery?.fn.jquery.split(' ')[0],
+          popper: typeof window.Popper,
+          carousel: typeof window.jQuery?.fn.carousel,
+        }));
+        assert.deepEqual(libraries, { jquery: '3.5.1', popper: 'function', carousel: 'function' });
+      });
+
+      await t.test('shows its titles and every picture in the chosen colours', async () => {
+        const look = await page.evaluate(() => {
+          const seen = (selector) => {
+            const element = document.querySelector(selector);
+            return { text: element.textContent, colour: getComputedStyle(element).color };
+          };
+          return {
+            htmlTitle: document.title,
+            background: getComputedStyle(document.body).backgroundColor,
+            title: seen('h1.display-4'),
+            subtitle: seen('p.h4'),
+            pictures: [...document.querySelectorAll('#simpleCarousel .carousel-item img')].map(
+              (img) => ({ loaded: img.complete, width: img.naturalWidth, height: img.naturalHeight }),
+            ),
+          };
+        });
+        assert.deepEqual(look, {
+          htmlTitle: gallery.htmlTitle,
+          background: colours.background.rgb,
+          title: { text: gallery.title, colour: colours.titles.rgb },
+          subtitle: { text: gallery.subtitle, colour: colours.titles.rgb },
+          pictures: images.map(({ width, height }) => ({ loaded: true, width, height })),
+        });
+      });
+
+      await t.test('moves between slides with next, previous and the indicators', async () => {
+        // The visitor's pointer over the carousel holds its automatic cycling.
+        await page.hover('#simpleCarousel');
+        const last = images.length - 1;
+        const steps = [
+          { how: 'opening', slide: 0 },
+          { how: 'next', click: '.carousel-control-next', slide: 1 },
+          { how: 'next again', click: '.carousel-control-next', slide: 2 },
+          { how: 'previous', click: '.carousel-control-prev', slide: 1 },
+          { how: 'the last indicator', click: `.carousel-indicators li >> nth=${last}`, slide: last },
+          { how: 'next from the last', click: '.carousel-control-next', slide: 0 },
+        ];
+        for (const { how, click, slide } of steps) {
+          if (click) await page.click(`#simpleCarousel ${click}`);
+          await waitForSlide(page, slide, how);
+          const state = await carouselState(page);
+          assert.deepEqual(
+            {
+              active: state.active,
+              shown: state.shown,
+              indicators: state.indicators,
+              caption: state.caption,
+            },
+            {
+              active: onlyAt(slide),
+              shown: onlyAt(slide),
+              indicators: onlyAt(slide),
+              caption: {
+                text: shownText(images[slide].caption),
+                colour: colours.captions.rgb,
+                visible: true,
+              },
+            },
+            `slide ${slide} after ${how}`,
+          );
+          checkPictureWidth(state, fullWidth);
+        }
+        assert.deepEqual(trouble, []);
+      });
+    } finally {
+      if (screenshotDir) {
+        fs.mkdirSync(screenshotDir, { recursive: true });
+        const name = `${path.basename(file, path.extname(file))}.png`;
+        await page.screenshot({ path: path.join(screenshotDir, name), fullPage: true });
+      }
+      await page.close();
+    }
+  });
+}
