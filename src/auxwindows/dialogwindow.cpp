@@ -1,0 +1,41 @@
+#include "auxwindows/dialogwindow.h"
+
+#include <QKeyEvent>
+
+#include "app/app.h"
+#include "mainwindow/windowmain.h"
+
+DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent) {
+    setAttribute(Qt::WA_DeleteOnClose);
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel)) {
+        escapePressed();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void DialogWindow::escapePressed() {
+    close();
+}
+
+void SheetWindow::Show() {
+    ShowWithin(nullptr);
+}
+
+void SheetWindow::ShowWithin(QWidget* parent) {
+    if (!parent) parent = App::instance()->windowMain();
+    if (parent != parentWidget()) {
+        Qt::WindowFlags flags = windowFlags();
+#ifdef Q_OS_MACOS
+        flags = (flags & ~Qt::WindowType_Mask) | Qt::Sheet;
+#endif
+        setParent(parent, flags);
+    }
+    setWindowModality(Qt::WindowModal);
+    show();
+    raise();
+    activateWindow();
+}

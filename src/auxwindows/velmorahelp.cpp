@@ -1,0 +1,55 @@
+#include "auxwindows/velmorahelp.h"
+
+#include <QFile>
+
+static void loadHelpTextResources() {
+    Q_INIT_RESOURCE(helptexts);
+}
+
+namespace {
+
+// The window as designed; the controls follow its edges from there.
+constexpr QSize kDesignSize(640, 486);
+constexpr QPoint kTextAreaPosition(40, 58);
+
+QString helpText(const QString& language) {
+    QFile file(QStringLiteral(":/helptexts/") + language);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return QString::fromUtf8(file.readAll());
+}
+
+}  // namespace
+
+VelmoraHelp::VelmoraHelp(QWidget* parent) : SheetWindow(parent) {
+    setupUi(this);
+    loadHelpTextResources();
+    const QStringList languages = {"en", "it", "fr", "de", "es", "ja", "zh"};
+    const QList<QPlainTextEdit*> areas = textAreas();
+    for (int tab = 0; tab < areas.size(); ++tab) areas[tab]->setPlainText(helpText(languages[tab]));
+    connect(PushButton1, &QPushButton::clicked, this, &VelmoraHelp::PushButton1_Action);
+}
+
+void VelmoraHelp::showEvent(QShowEvent* event) {
+    SheetWindow::showEvent(event);
+    // The tab bar's height is the style's, so the areas are placed once the panel has laid out
+    // its pages, to stand at their place in the window whatever the style.
+    const QPoint onPage = TabPanel1->currentWidget()->mapFrom(this, kTextAreaPosition);
+    for (QPlainTextEdit* area : textAreas()) area->move(onPage);
+}
+
+void VelmoraHelp::resizeEvent(QResizeEvent* event) {
+    SheetWindow::resizeEvent(event);
+    // The panel grows with the window; "OK" keeps its distance from the left, right and bottom
+    // edges, so it widens; the text areas keep their size.
+    const QSize growth = size() - kDesignSize;
+    TabPanel1->setGeometry(20, 20, 600 + growth.width(), 414 + growth.height());
+    PushButton1->setGeometry(280, 446 + growth.height(), 80 + growth.width(), 20);
+}
+
+QList<QPlainTextEdit*> VelmoraHelp::textAreas() const {
+    return {TextArea1, TextArea2, TextArea3, TextArea4, TextArea5, TextArea6, TextArea7};
+}
+
+void VelmoraHelp::PushButton1_Action() {
+    close();
+}

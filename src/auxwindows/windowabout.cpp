@@ -1,0 +1,119 @@
+#include "auxwindows/windowabout.h"
+
+#include <QEvent>
+
+#include "app/app.h"
+#include "auxwindows/imagewell.h"
+#include "auxwindows/owner.h"
+#include "auxwindows/windowabout2.h"
+#include "mainwindow/windowmain.h"
+#include "platform/desktop.h"
+#include "platform/sharedwindow.h"
+#include "resources/namedpictures.h"
+
+namespace {
+void setTextColor(QLabel* label, const QColor& colour) {
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    label->setPalette(palette);
+}
+}  // namespace
+
+WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent) {
+    setupUi(this);
+    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    showInImageWell(ImageWell1, pictures::pebble512());
+    BevelButton1->setIcon(pictures::pixmapOf(pictures::paypal()));
+    Label3->setText(QStringLiteral("v.2.1 - ") + owner::maker + QStringLiteral(" - December 2020"));
+    Label4->setText(owner::webAddress);
+    AboutDescription3->setText(owner::dedication + QStringLiteral("\n"));
+
+    connect(PushButtonClose, &QPushButton::clicked, this, &WindowAbout::PushButtonClose_Action);
+    connect(BevelButton1, &QPushButton::clicked, this, &WindowAbout::BevelButton1_Action);
+    ImageWell1->installEventFilter(this);
+    BevelButton1->installEventFilter(this);
+    Label4->installEventFilter(this);
+}
+
+void WindowAbout::Show() {
+    if (!parentWidget())
+        if (WindowMain* main = App::instance()->windowMain()) setParent(main, windowFlags());
+    setWindowModality(Qt::ApplicationModal);
+    show();
+    raise();
+    activateWindow();
+}
+
+QString WindowAbout::donationAddress() {
+    return QStringLiteral("http://") + owner::donationHost +
+           QStringLiteral("/paypal.php?app=Velmora");
+}
+
+bool WindowAbout::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Enter:
+            if (watched == ImageWell1) ImageWell1_MouseEnter();
+            if (watched == BevelButton1) BevelButton1_MouseEnter();
+            if (watched == Label4) Label4_MouseEnter();
+            break;
+        case QEvent::Leave:
+            if (watched == ImageWell1) ImageWell1_MouseExit();
+            if (watched == BevelButton1) BevelButton1_MouseExit();
+            if (watched == Label4) Label4_MouseExit();
+            break;
+        case QEvent::MouseButtonPress:
+            if (watched == ImageWell1) ImageWell1_MouseDown();
+            if (watched == Label4) Label4_MouseDown();
+            break;
+        default:
+            break;
+    }
+    // The control still gets the event, so that a press on the button makes its click.
+    return DialogWindow::eventFilter(watched, event);
+}
+
+void WindowAbout::PushButtonClose_Action() {
+    close();
+}
+
+void WindowAbout::ImageWell1_MouseEnter() {
+    // Qt has no magnifying cursor; the pointing hand tells that the logo can be clicked.
+    ImageWell1->setCursor(Qt::PointingHandCursor);
+}
+
+void WindowAbout::ImageWell1_MouseExit() {
+    ImageWell1->setCursor(Qt::ArrowCursor);
+}
+
+void WindowAbout::ImageWell1_MouseDown() {
+    sharedInstance<WindowAbout2>()->Show();
+}
+
+void WindowAbout::BevelButton1_MouseEnter() {
+    BevelButton1->setCursor(Qt::DragCopyCursor);
+}
+
+void WindowAbout::BevelButton1_MouseExit() {
+    BevelButton1->setCursor(Qt::ArrowCursor);
+}
+
+void WindowAbout::BevelButton1_Action() {
+    // Out of the way of the browser, and back as it was at the next opening.
+    hide();
+    ShowURL(donationAddress());
+}
+
+void WindowAbout::Label4_MouseEnter() {
+    Label4->setCursor(Qt::PointingHandCursor);
+    setTextColor(Label4, QColor(255, 0, 0));
+}
+
+void WindowAbout::Label4_MouseExit() {
+    setTextColor(Label4, QColor(0, 0, 255));
+    Label4->setCursor(Qt::ArrowCursor);
+}
+
+void WindowAbout::Label4_MouseDown() {
+    // The address opened is the one shown.
+    ShowURL(Label4->text());
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "auxwindows/dialogwindow.h"
+#include "auxwindows/ui_windowabout.h"
+
+// What the program is, its version, the maker's web site and the donation button. A click on
+// the logo shows it large in WindowAbout2.
+class WindowAbout : public DialogWindow, private Ui::WindowAbout {
+    Q_OBJECT
+public:
+    explicit WindowAbout(QWidget* parent = nullptr);
+
+    // Application-modal, over the main window when there is one.
+    void Show();
+
+    // The address the donation button opens.
+    static QString donationAddress();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void PushButtonClose_Action();
+    void ImageWell1_MouseEnter();
+    void ImageWell1_MouseExit();
+    void ImageWell1_MouseDown();
+    void BevelButton1_MouseEnter();
+    void BevelButton1_MouseExit();
+    void BevelButton1_Action();
+    void Label4_MouseEnter();
+    void Label4_MouseExit();
+    void Label4_MouseDown();
+};

@@ -1,0 +1,147 @@
+#include "preferences/windowpreferences.h"
+
+#include "app/app.h"
+#include "mainwindow/windowmain.h"
+#include "platform/dialogs.h"
+#include "platform/specialfolders.h"
+#include "platform/text.h"
+#include "preview/imagecanvas.h"
+
+namespace {
+
+// The quality rows of the popup, from the best down.
+constexpr int kQualityOfRow[] = {100, 80, 50, 25, 0};
+constexpr int kQualityRows = 5;
+
+QColor fillColor(const QFrame* rectangle) {
+    return rectangle->palette().color(QPalette::Window);
+}
+
+void setFillColor(QFrame* rectangle, const QColor& colour) {
+    QPalette palette = rectangle->palette();
+    palette.setColor(QPalette::Window, colour);
+    rectangle->setPalette(palette);
+}
+
+void setHeight(QWidget* control, int height) {
+    control->resize(control->width(), height);
+}
+
+// Runs `handler` with the member's Index whenever a member of the array is selected.
+template <class Handler>
+void connectArray(const QList<QRadioButton*>& array, QObject* receiver, Handler handler) {
+    for (int index = 0; index < array.size(); ++index)
+        QObject::connect(array[index], &QRadioButton::toggled, receiver, [=](bool selected) {
+            if (selected) handler(index);
+        });
+}
+
+}  // namespace
+
+WindowPreferences::WindowPreferences(QWidget* parent) : SheetWindow(parent) {
+    setupUi(this);
+    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                   Qt::WindowMinMaxButtonsHint);
+    savePathButton = {savePathButton_0, savePathButton_1, savePathButton_2};
+    saveImageFormat = {saveImageFormat_0, saveImageFormat_1};
+    RadioButtonFrame = {RadioButtonFrame_0, RadioButtonFrame_1};
+
+    // Connected after the design is built, so that its values run no handler; from here on a
+    // change by the program runs them as the user's would.
+    connect(PushButton1, &QPushButton::clicked, this, &WindowPreferences::PushButton1_Action);
+    connect(PushButton2, &QPushButton::clicked, this, &WindowPreferences::PushButton2_Action);
+    connectArray(savePathButton, this, [this](int index) { savePathButton_Action(index); });
+    connectArray(saveImageFormat, this, [this](int index) { saveImageFormat_Action(index); });
+    connect(PopupMenuQuality, &QComboBox::currentIndexChanged, this,
+            &WindowPreferences::PopupMenuQuality_Change);
+    connect(SliderFrameWidth, &Slider::ValueChanged, this,
+            &WindowPreferences::SliderFrameWidth_ValueChanged);
+    connect(PushButtonColor, &QPushButton::clicked, this,
+            &WindowPreferences::PushButtonColor_Action);
+
+    Event_Open();
+}
+
+void WindowPreferences::escapePressed() {
+    PushButton1->click();
+}
+
+void WindowPreferences::Event_Open() {
+    const App* app = App::instance();
+    const QStringList paths = {"Desktop", "Documents", "Pictures"};
+    if (paths.contains(app->savePath))
+        savePathButton[paths.indexOf(app->savePath)]->setChecked(true);
+    const QStringList formats = {"PNG", "JPEG"};
+    if (formats.contains(app->imageFormat))
+        saveImageFormat[formats.indexOf(app->imageFormat)]->setChecked(true);
+    for (int row = 0; row < kQualityRows; ++row)
+        if (kQualityOfRow[row] == app->imageQuality) PopupMenuQuality->setCurrentIndex(row);
+    CheckBoxPrefs->setChecked(app->openPrefs == QStringLiteral("yes"));
+    RadioButtonFrame[app->frameWidth != 0 ? 1 : 0]->setChecked(true);
+    setFillColor(RectangleFrame, app->bordColor);
+    setHeight(RectangleFrame, app->frameWidth);
+    SliderFrameWidth->setValue(app->frameWidth);
+}
+
+void WindowPreferences::PushButton1_Action() {
+    close();
+}
+
+void WindowPreferences::PushButton2_Action() {
+    App* app = App::instance();
+    const QStringList paths = {"Desktop", "Documents", "Pictures"};
+    for (int index = 0; index < savePathButton.size(); ++index)
+        if (savePathButton[index]->isChecked()) {
+            app->savePath = paths[index];
+            break;
+        }
+    if (saveImageFormat[0]->isChecked())
+        app->imageFormat = QStringLiteral("PNG");
+    else if (saveImageFormat[1]->isChecked())
+        app->imageFormat = QStringLiteral("JPEG");
+    // Recorded for either format, also while the popup is disabled.
+    const int row = PopupMenuQuality->currentIndex();
+    if (row >= 0 && row < kQualityRows) app->imageQuality = kQualityOfRow[row];
+    app->openPrefs = CheckBoxPrefs->isChecked() ? QStringLiteral("yes") : QStringLiteral("no");
+    app->frameWidth = RadioButtonFrame[0]->isChecked() ? 0 : SliderFrameWidth->value();
+    app->bordColor = fillColor(RectangleFrame);
+    if (WindowMain* main = app->windowMain())
+        if (ImageCanvas* canvas = main->imageCanvas()) canvas->Invalidate();
+    close();
+}
+
+void WindowPreferences::savePathButton_Action(int Index) {
+    const QString folder = Index == 1   ? SpecialFolder::Documents()
+                           : Index == 0 ? SpecialFolder::Desktop()
+                                        : SpecialFolder::Pictures();
+    LabelPath->setText(folder + QStringLiteral("/"));
+}
+
+void WindowPreferences::saveImageFormat_Action(int Index) {
+    // PNG is lossless: the quality means nothing to it.
+    const bool lossy = Index != 0;
+    PopupMenuQuality->setEnabled(lossy);
+    LabelQuality->setVisible(lossy);
+}
+
+void WindowPreferences::PopupMenuQuality_Change() {
+    static const QStringList descriptions = {
+        "Big file size, best quality", "Big file size, good quality",
+        "Medium file size, medium quality", "Small file size, low quality",
+        "Smallest file size, very low quality"};
+    const int row = PopupMenuQuality->currentIndex();
+    if (row >= 0 && row < descriptions.size()) LabelQuality->setText(descriptions[row]);
+}
+
+void WindowPreferences::SliderFrameWidth_ValueChanged() {
+    const int width = SliderFrameWidth->value();
+    setHeight(RectangleFrame, width);
+    LabelFrameWidth->setText(text::Str(width) + QStringLiteral("px"));
+}
+
+void WindowPreferences::PushButtonColor_Action() {
+    // Always from white, whatever the rectangle shows; a cancelled picker changes nothing.
+    QColor colour(255, 255, 255);
+    if (SelectColor(colour, QStringLiteral("Select a Color"), false))
+        setFillColor(RectangleFrame, colour);
+}
