@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+#include "auxwindows/ui_velmorahelp.h"
+
 static void loadHelpTextResources() {
     Q_INIT_RESOURCE(helptexts);
 }
@@ -20,20 +22,22 @@ QString helpText(const QString& language) {
 
 }  // namespace
 
-VelmoraHelp::VelmoraHelp(QWidget* parent) : SheetWindow(parent) {
-    setupUi(this);
+VelmoraHelp::VelmoraHelp(QWidget* parent) : SheetWindow(parent), ui(new Ui::VelmoraHelp) {
+    ui->setupUi(this);
     loadHelpTextResources();
     const QStringList languages = {"en", "it", "fr", "de", "es", "ja", "zh"};
     const QList<QPlainTextEdit*> areas = textAreas();
     for (int tab = 0; tab < areas.size(); ++tab) areas[tab]->setPlainText(helpText(languages[tab]));
-    connect(PushButton1, &QPushButton::clicked, this, &VelmoraHelp::PushButton1_Action);
+    connect(ui->PushButton1, &QPushButton::clicked, this, &VelmoraHelp::PushButton1_Action);
 }
+
+VelmoraHelp::~VelmoraHelp() = default;
 
 void VelmoraHelp::showEvent(QShowEvent* event) {
     SheetWindow::showEvent(event);
     // The tab bar's height is the style's, so the areas are placed once the panel has laid out
     // its pages, to stand at their place in the window whatever the style.
-    const QPoint onPage = TabPanel1->currentWidget()->mapFrom(this, kTextAreaPosition);
+    const QPoint onPage = ui->TabPanel1->currentWidget()->mapFrom(this, kTextAreaPosition);
     for (QPlainTextEdit* area : textAreas()) area->move(onPage);
 }
 
@@ -42,12 +46,13 @@ void VelmoraHelp::resizeEvent(QResizeEvent* event) {
     // The panel grows with the window; "OK" keeps its distance from the left, right and bottom
     // edges, so it widens; the text areas keep their size.
     const QSize growth = size() - kDesignSize;
-    TabPanel1->setGeometry(20, 20, 600 + growth.width(), 414 + growth.height());
-    PushButton1->setGeometry(280, 446 + growth.height(), 80 + growth.width(), 20);
+    ui->TabPanel1->setGeometry(20, 20, 600 + growth.width(), 414 + growth.height());
+    ui->PushButton1->setGeometry(280, 446 + growth.height(), 80 + growth.width(), 20);
 }
 
 QList<QPlainTextEdit*> VelmoraHelp::textAreas() const {
-    return {TextArea1, TextArea2, TextArea3, TextArea4, TextArea5, TextArea6, TextArea7};
+    return {ui->TextArea1, ui->TextArea2, ui->TextArea3, ui->TextArea4,
+            ui->TextArea5, ui->TextArea6, ui->TextArea7};
 }
 
 void VelmoraHelp::PushButton1_Action() {

@@ -5,6 +5,7 @@
 #include "app/app.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/owner.h"
+#include "auxwindows/ui_windowabout.h"
 #include "auxwindows/windowabout2.h"
 #include "mainwindow/windowmain.h"
 #include "platform/desktop.h"
@@ -19,21 +20,24 @@ void setTextColor(QLabel* label, const QColor& colour) {
 }
 }  // namespace
 
-WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent) {
-    setupUi(this);
+WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent), ui(new Ui::WindowAbout) {
+    ui->setupUi(this);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    showInImageWell(ImageWell1, pictures::pebble512());
-    BevelButton1->setIcon(pictures::pixmapOf(pictures::paypal()));
-    Label3->setText(QStringLiteral("v.2.1 - ") + owner::maker + QStringLiteral(" - December 2020"));
-    Label4->setText(owner::webAddress);
-    AboutDescription3->setText(owner::dedication + QStringLiteral("\n"));
+    showInImageWell(ui->ImageWell1, pictures::pebble512());
+    ui->BevelButton1->setIcon(pictures::pixmapOf(pictures::paypal()));
+    ui->Label3->setText(QStringLiteral("v.2.1 - ") + owner::maker +
+                        QStringLiteral(" - December 2020"));
+    ui->Label4->setText(owner::webAddress);
+    ui->AboutDescription3->setText(owner::dedication + QStringLiteral("\n"));
 
-    connect(PushButtonClose, &QPushButton::clicked, this, &WindowAbout::PushButtonClose_Action);
-    connect(BevelButton1, &QPushButton::clicked, this, &WindowAbout::BevelButton1_Action);
-    ImageWell1->installEventFilter(this);
-    BevelButton1->installEventFilter(this);
-    Label4->installEventFilter(this);
+    connect(ui->PushButtonClose, &QPushButton::clicked, this, &WindowAbout::PushButtonClose_Action);
+    connect(ui->BevelButton1, &QPushButton::clicked, this, &WindowAbout::BevelButton1_Action);
+    ui->ImageWell1->installEventFilter(this);
+    ui->BevelButton1->installEventFilter(this);
+    ui->Label4->installEventFilter(this);
 }
+
+WindowAbout::~WindowAbout() = default;
 
 void WindowAbout::Show() {
     if (!parentWidget())
@@ -52,18 +56,18 @@ QString WindowAbout::donationAddress() {
 bool WindowAbout::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::Enter:
-            if (watched == ImageWell1) ImageWell1_MouseEnter();
-            if (watched == BevelButton1) BevelButton1_MouseEnter();
-            if (watched == Label4) Label4_MouseEnter();
+            if (watched == ui->ImageWell1) ImageWell1_MouseEnter();
+            if (watched == ui->BevelButton1) BevelButton1_MouseEnter();
+            if (watched == ui->Label4) Label4_MouseEnter();
             break;
         case QEvent::Leave:
-            if (watched == ImageWell1) ImageWell1_MouseExit();
-            if (watched == BevelButton1) BevelButton1_MouseExit();
-            if (watched == Label4) Label4_MouseExit();
+            if (watched == ui->ImageWell1) ImageWell1_MouseExit();
+            if (watched == ui->BevelButton1) BevelButton1_MouseExit();
+            if (watched == ui->Label4) Label4_MouseExit();
             break;
         case QEvent::MouseButtonPress:
-            if (watched == ImageWell1) ImageWell1_MouseDown();
-            if (watched == Label4) Label4_MouseDown();
+            if (watched == ui->ImageWell1) ImageWell1_MouseDown();
+            if (watched == ui->Label4) Label4_MouseDown();
             break;
         default:
             break;
@@ -78,11 +82,11 @@ void WindowAbout::PushButtonClose_Action() {
 
 void WindowAbout::ImageWell1_MouseEnter() {
     // Qt has no magnifying cursor; the pointing hand tells that the logo can be clicked.
-    ImageWell1->setCursor(Qt::PointingHandCursor);
+    ui->ImageWell1->setCursor(Qt::PointingHandCursor);
 }
 
 void WindowAbout::ImageWell1_MouseExit() {
-    ImageWell1->setCursor(Qt::ArrowCursor);
+    ui->ImageWell1->setCursor(Qt::ArrowCursor);
 }
 
 void WindowAbout::ImageWell1_MouseDown() {
@@ -90,11 +94,11 @@ void WindowAbout::ImageWell1_MouseDown() {
 }
 
 void WindowAbout::BevelButton1_MouseEnter() {
-    BevelButton1->setCursor(Qt::DragCopyCursor);
+    ui->BevelButton1->setCursor(Qt::DragCopyCursor);
 }
 
 void WindowAbout::BevelButton1_MouseExit() {
-    BevelButton1->setCursor(Qt::ArrowCursor);
+    ui->BevelButton1->setCursor(Qt::ArrowCursor);
 }
 
 void WindowAbout::BevelButton1_Action() {
@@ -104,16 +108,16 @@ void WindowAbout::BevelButton1_Action() {
 }
 
 void WindowAbout::Label4_MouseEnter() {
-    Label4->setCursor(Qt::PointingHandCursor);
-    setTextColor(Label4, QColor(255, 0, 0));
+    ui->Label4->setCursor(Qt::PointingHandCursor);
+    setTextColor(ui->Label4, QColor(255, 0, 0));
 }
 
 void WindowAbout::Label4_MouseExit() {
-    setTextColor(Label4, QColor(0, 0, 255));
-    Label4->setCursor(Qt::ArrowCursor);
+    setTextColor(ui->Label4, QColor(0, 0, 255));
+    ui->Label4->setCursor(Qt::ArrowCursor);
 }
 
 void WindowAbout::Label4_MouseDown() {
     // The address opened is the one shown.
-    ShowURL(Label4->text());
+    ShowURL(ui->Label4->text());
 }

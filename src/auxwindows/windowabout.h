@@ -1,14 +1,20 @@
 #pragma once
 
+#include <memory>
+
 #include "auxwindows/dialogwindow.h"
-#include "auxwindows/ui_windowabout.h"
+
+namespace Ui {
+class WindowAbout;
+}
 
 // What the program is, its version, the maker's web site and the donation button. A click on
 // the logo shows it large in WindowAbout2.
-class WindowAbout : public DialogWindow, private Ui::WindowAbout {
+class WindowAbout : public DialogWindow {
     Q_OBJECT
 public:
     explicit WindowAbout(QWidget* parent = nullptr);
+    ~WindowAbout() override;
 
     // Application-modal, over the main window when there is one.
     void Show();
@@ -30,4 +36,6 @@ private:
     void Label4_MouseEnter();
     void Label4_MouseExit();
     void Label4_MouseDown();
+
+    std::unique_ptr<Ui::WindowAbout> ui;
 };

@@ -3,17 +3,20 @@
 #include <QEvent>
 
 #include "auxwindows/imagewell.h"
+#include "auxwindows/ui_windowabout2.h"
 #include "auxwindows/windowabout.h"
 #include "platform/sharedwindow.h"
 #include "resources/namedpictures.h"
 
-WindowAbout2::WindowAbout2(QWidget* parent) : DialogWindow(parent) {
-    setupUi(this);
+WindowAbout2::WindowAbout2(QWidget* parent) : DialogWindow(parent), ui(new Ui::WindowAbout2) {
+    ui->setupUi(this);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinMaxButtonsHint);
-    showInImageWell(ImageWell1, pictures::pebble730());
-    ImageWell1->installEventFilter(this);
+    showInImageWell(ui->ImageWell1, pictures::pebble730());
+    ui->ImageWell1->installEventFilter(this);
 }
+
+WindowAbout2::~WindowAbout2() = default;
 
 void WindowAbout2::Show() {
     WindowAbout* about = existingInstance<WindowAbout>();
@@ -25,7 +28,7 @@ void WindowAbout2::Show() {
 }
 
 bool WindowAbout2::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == ImageWell1) {
+    if (watched == ui->ImageWell1) {
         if (event->type() == QEvent::Enter)
             ImageWell1_MouseEnter();
         else if (event->type() == QEvent::MouseButtonPress)
@@ -35,7 +38,7 @@ bool WindowAbout2::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WindowAbout2::ImageWell1_MouseEnter() {
-    ImageWell1->setCursor(Qt::PointingHandCursor);
+    ui->ImageWell1->setCursor(Qt::PointingHandCursor);
 }
 
 void WindowAbout2::ImageWell1_MouseDown() {

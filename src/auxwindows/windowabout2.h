@@ -1,13 +1,19 @@
 #pragma once
 
+#include <memory>
+
 #include "auxwindows/dialogwindow.h"
-#include "auxwindows/ui_windowabout2.h"
+
+namespace Ui {
+class WindowAbout2;
+}
 
 // The logo alone at window size, over the about window; a click on it closes the window.
-class WindowAbout2 : public DialogWindow, private Ui::WindowAbout2 {
+class WindowAbout2 : public DialogWindow {
     Q_OBJECT
 public:
     explicit WindowAbout2(QWidget* parent = nullptr);
+    ~WindowAbout2() override;
 
     // Application-modal, standing over the about window when that is open.
     void Show();
@@ -18,4 +24,6 @@ protected:
 private:
     void ImageWell1_MouseEnter();
     void ImageWell1_MouseDown();
+
+    std::unique_ptr<Ui::WindowAbout2> ui;
 };

@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
+#include "preferences/ui_windowpreferences.h"
 #include "preview/imagecanvas.h"
 
 namespace {
@@ -38,32 +39,35 @@ void connectArray(const QList<QRadioButton*>& array, QObject* receiver, Handler 
 
 }  // namespace
 
-WindowPreferences::WindowPreferences(QWidget* parent) : SheetWindow(parent) {
-    setupUi(this);
+WindowPreferences::WindowPreferences(QWidget* parent)
+    : SheetWindow(parent), ui(new Ui::WindowPreferences) {
+    ui->setupUi(this);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinMaxButtonsHint);
-    savePathButton = {savePathButton_0, savePathButton_1, savePathButton_2};
-    saveImageFormat = {saveImageFormat_0, saveImageFormat_1};
-    RadioButtonFrame = {RadioButtonFrame_0, RadioButtonFrame_1};
+    savePathButton = {ui->savePathButton_0, ui->savePathButton_1, ui->savePathButton_2};
+    saveImageFormat = {ui->saveImageFormat_0, ui->saveImageFormat_1};
+    RadioButtonFrame = {ui->RadioButtonFrame_0, ui->RadioButtonFrame_1};
 
     // Connected after the design is built, so that its values run no handler; from here on a
     // change by the program runs them as the user's would.
-    connect(PushButton1, &QPushButton::clicked, this, &WindowPreferences::PushButton1_Action);
-    connect(PushButton2, &QPushButton::clicked, this, &WindowPreferences::PushButton2_Action);
+    connect(ui->PushButton1, &QPushButton::clicked, this, &WindowPreferences::PushButton1_Action);
+    connect(ui->PushButton2, &QPushButton::clicked, this, &WindowPreferences::PushButton2_Action);
     connectArray(savePathButton, this, [this](int index) { savePathButton_Action(index); });
     connectArray(saveImageFormat, this, [this](int index) { saveImageFormat_Action(index); });
-    connect(PopupMenuQuality, &QComboBox::currentIndexChanged, this,
+    connect(ui->PopupMenuQuality, &QComboBox::currentIndexChanged, this,
             &WindowPreferences::PopupMenuQuality_Change);
-    connect(SliderFrameWidth, &Slider::ValueChanged, this,
+    connect(ui->SliderFrameWidth, &Slider::ValueChanged, this,
             &WindowPreferences::SliderFrameWidth_ValueChanged);
-    connect(PushButtonColor, &QPushButton::clicked, this,
+    connect(ui->PushButtonColor, &QPushButton::clicked, this,
             &WindowPreferences::PushButtonColor_Action);
 
     Event_Open();
 }
 
+WindowPreferences::~WindowPreferences() = default;
+
 void WindowPreferences::escapePressed() {
-    PushButton1->click();
+    ui->PushButton1->click();
 }
 
 void WindowPreferences::Event_Open() {
@@ -75,12 +79,12 @@ void WindowPreferences::Event_Open() {
     if (formats.contains(app->imageFormat))
         saveImageFormat[formats.indexOf(app->imageFormat)]->setChecked(true);
     for (int row = 0; row < kQualityRows; ++row)
-        if (kQualityOfRow[row] == app->imageQuality) PopupMenuQuality->setCurrentIndex(row);
-    CheckBoxPrefs->setChecked(app->openPrefs == QStringLiteral("yes"));
+        if (kQualityOfRow[row] == app->imageQuality) ui->PopupMenuQuality->setCurrentIndex(row);
+    ui->CheckBoxPrefs->setChecked(app->openPrefs == QStringLiteral("yes"));
     RadioButtonFrame[app->frameWidth != 0 ? 1 : 0]->setChecked(true);
-    setFillColor(RectangleFrame, app->bordColor);
-    setHeight(RectangleFrame, app->frameWidth);
-    SliderFrameWidth->setValue(app->frameWidth);
+    setFillColor(ui->RectangleFrame, app->bordColor);
+    setHeight(ui->RectangleFrame, app->frameWidth);
+    ui->SliderFrameWidth->setValue(app->frameWidth);
 }
 
 void WindowPreferences::PushButton1_Action() {
@@ -100,11 +104,11 @@ void WindowPreferences::PushButton2_Action() {
     else if (saveImageFormat[1]->isChecked())
         app->imageFormat = QStringLiteral("JPEG");
     // Recorded for either format, also while the popup is disabled.
-    const int row = PopupMenuQuality->currentIndex();
+    const int row = ui->PopupMenuQuality->currentIndex();
     if (row >= 0 && row < kQualityRows) app->imageQuality = kQualityOfRow[row];
-    app->openPrefs = CheckBoxPrefs->isChecked() ? QStringLiteral("yes") : QStringLiteral("no");
-    app->frameWidth = RadioButtonFrame[0]->isChecked() ? 0 : SliderFrameWidth->value();
-    app->bordColor = fillColor(RectangleFrame);
+    app->openPrefs = ui->CheckBoxPrefs->isChecked() ? QStringLiteral("yes") : QStringLiteral("no");
+    app->frameWidth = RadioButtonFrame[0]->isChecked() ? 0 : ui->SliderFrameWidth->value();
+    app->bordColor = fillColor(ui->RectangleFrame);
     if (WindowMain* main = app->windowMain())
         if (ImageCanvas* canvas = main->imageCanvas()) canvas->Invalidate();
     close();
@@ -114,14 +118,14 @@ void WindowPreferences::savePathButton_Action(int Index) {
     const QString folder = Index == 1   ? SpecialFolder::Documents()
                            : Index == 0 ? SpecialFolder::Desktop()
                                         : SpecialFolder::Pictures();
-    LabelPath->setText(folder + QStringLiteral("/"));
+    ui->LabelPath->setText(folder + QStringLiteral("/"));
 }
 
 void WindowPreferences::saveImageFormat_Action(int Index) {
     // PNG is lossless: the quality means nothing to it.
     const bool lossy = Index != 0;
-    PopupMenuQuality->setEnabled(lossy);
-    LabelQuality->setVisible(lossy);
+    ui->PopupMenuQuality->setEnabled(lossy);
+    ui->LabelQuality->setVisible(lossy);
 }
 
 void WindowPreferences::PopupMenuQuality_Change() {
@@ -129,19 +133,19 @@ void WindowPreferences::PopupMenuQuality_Change() {
         "Big file size, best quality", "Big file size, good quality",
         "Medium file size, medium quality", "Small file size, low quality",
         "Smallest file size, very low quality"};
-    const int row = PopupMenuQuality->currentIndex();
-    if (row >= 0 && row < descriptions.size()) LabelQuality->setText(descriptions[row]);
+    const int row = ui->PopupMenuQuality->currentIndex();
+    if (row >= 0 && row < descriptions.size()) ui->LabelQuality->setText(descriptions[row]);
 }
 
 void WindowPreferences::SliderFrameWidth_ValueChanged() {
-    const int width = SliderFrameWidth->value();
-    setHeight(RectangleFrame, width);
-    LabelFrameWidth->setText(text::Str(width) + QStringLiteral("px"));
+    const int width = ui->SliderFrameWidth->value();
+    setHeight(ui->RectangleFrame, width);
+    ui->LabelFrameWidth->setText(text::Str(width) + QStringLiteral("px"));
 }
 
 void WindowPreferences::PushButtonColor_Action() {
     // Always from white, whatever the rectangle shows; a cancelled picker changes nothing.
     QColor colour(255, 255, 255);
     if (SelectColor(colour, QStringLiteral("Select a Color"), false))
-        setFillColor(RectangleFrame, colour);
+        setFillColor(ui->RectangleFrame, colour);
 }

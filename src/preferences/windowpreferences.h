@@ -1,16 +1,22 @@
 #pragma once
 
 #include <QList>
+#include <memory>
 
 #include "auxwindows/dialogwindow.h"
-#include "preferences/ui_windowpreferences.h"
+
+class QRadioButton;
+namespace Ui {
+class WindowPreferences;
+}
 
 // The sheet that shows the settings of App and lets the user change them. It works on a copy:
 // its controls change only each other, and App changes only when "OK" is pressed.
-class WindowPreferences : public SheetWindow, private Ui::WindowPreferences {
+class WindowPreferences : public SheetWindow {
     Q_OBJECT
 public:
     explicit WindowPreferences(QWidget* parent = nullptr);
+    ~WindowPreferences() override;
 
 protected:
     // Escape is the key of "Cancel".
@@ -32,4 +38,6 @@ private:
     QList<QRadioButton*> savePathButton;
     QList<QRadioButton*> saveImageFormat;
     QList<QRadioButton*> RadioButtonFrame;
+
+    std::unique_ptr<Ui::WindowPreferences> ui;
 };
