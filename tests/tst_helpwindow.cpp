@@ -34,9 +34,9 @@ private slots:
             const auto areas = panel()->widget(tab)->findChildren<QPlainTextEdit*>();
             QCOMPARE(areas.size(), 1);
             QVERIFY(areas[0]->isReadOnly());
-            QCOMPARE(QRect(areas[0]->mapTo(existingInstance<VelmoraHelp>(), QPoint()),
-                           areas[0]->size()),
-                     QRect(40, 58, 560, 356));
+            QCOMPARE(
+                QRect(areas[0]->mapTo(existingInstance<VelmoraHelp>(), QPoint()), areas[0]->size()),
+                QRect(40, 58, 560, 356));
             // English ends on its last line, the others with a line break.
             QCOMPARE(linesOfTab(tab).size(), tab == 0 ? 15 : 16);
         }
@@ -47,9 +47,11 @@ private slots:
         QCOMPARE(linesOfTab(1)[0],
                  "Creare una galleria fotografica per il web non è mai stato così facile!");
         QCOMPARE(linesOfTab(2)[14], "Voilà, rien de plus facile !");
-        QCOMPARE(linesOfTab(3)[6],
-                 "2. Velmora öffnen und den Ordner, der die Bilder enthält, in das Fenster ziehen.");
-        QCOMPARE(linesOfTab(4)[0], "¡Crear una galería de fotos para la web nunca ha sido tan fácil!");
+        QCOMPARE(
+            linesOfTab(3)[6],
+            "2. Velmora öffnen und den Ordner, der die Bilder enthält, in das Fenster ziehen.");
+        QCOMPARE(linesOfTab(4)[0],
+                 "¡Crear una galería de fotos para la web nunca ha sido tan fácil!");
         QCOMPARE(linesOfTab(5)[7], "3. タイトル、サブタイトル（オプション）を挿入します。");
         QCOMPARE(linesOfTab(5)[10], "6. 各画像の説明を挿入してください(オプション)");
         QCOMPARE(linesOfTab(6)[12],
@@ -79,7 +81,8 @@ private slots:
         help->Show();
         help->resize(740, 536);
         QCOMPARE(panel()->geometry(), QRect(20, 20, 700, 464));
-        QCOMPARE(help->findChild<QPushButton*>("PushButton1")->geometry(), QRect(280, 496, 180, 20));
+        QCOMPARE(help->findChild<QPushButton*>("PushButton1")->geometry(),
+                 QRect(280, 496, 180, 20));
         QCOMPARE(help->findChild<QPlainTextEdit*>("TextArea4")->size(), QSize(560, 356));
         closeWithOk();
     }
