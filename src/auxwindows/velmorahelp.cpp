@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include "auxwindows/designfonts.h"
 #include "auxwindows/ui_velmorahelp.h"
 
 static void loadHelpTextResources() {
@@ -24,6 +25,7 @@ QString helpText(const QString& language) {
 
 VelmoraHelp::VelmoraHelp(QWidget* parent) : SheetWindow(parent), ui(new Ui::VelmoraHelp) {
     ui->setupUi(this);
+    useDesignFontSizes(this);
     loadHelpTextResources();
     const QStringList languages = {"en", "it", "fr", "de", "es", "ja", "zh"};
     const QList<QPlainTextEdit*> areas = textAreas();

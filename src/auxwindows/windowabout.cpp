@@ -3,6 +3,7 @@
 #include <QEvent>
 
 #include "app/app.h"
+#include "auxwindows/designfonts.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/owner.h"
 #include "auxwindows/ui_windowabout.h"
@@ -22,6 +23,7 @@ void setTextColor(QLabel* label, const QColor& colour) {
 
 WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent), ui(new Ui::WindowAbout) {
     ui->setupUi(this);
+    useDesignFontSizes(this);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     showInImageWell(ui->ImageWell1, pictures::pebble512());
     ui->BevelButton1->setIcon(pictures::pixmapOf(pictures::paypal()));

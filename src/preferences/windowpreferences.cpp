@@ -1,6 +1,7 @@
 #include "preferences/windowpreferences.h"
 
 #include "app/app.h"
+#include "auxwindows/designfonts.h"
 #include "mainwindow/windowmain.h"
 #include "platform/dialogs.h"
 #include "platform/specialfolders.h"
@@ -42,6 +43,7 @@ void connectArray(const QList<QRadioButton*>& array, QObject* receiver, Handler 
 WindowPreferences::WindowPreferences(QWidget* parent)
     : SheetWindow(parent), ui(new Ui::WindowPreferences) {
     ui->setupUi(this);
+    useDesignFontSizes(this);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinMaxButtonsHint);
     savePathButton = {ui->savePathButton_0, ui->savePathButton_1, ui->savePathButton_2};
