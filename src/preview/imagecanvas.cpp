@@ -35,20 +35,18 @@ void ImageCanvas::layOut() {
 
     App* app = App::instance();
     app->op = app->opf.isEmpty() ? pictures::hubble() : Picture::open(app->opf);
-    if (!app->op) {
-        shown_.reset();
-        update();
-        return;
+    PreviewGeometry geometry;
+    QImage picture;
+    if (app->op) {
+        geometry = previewGeometry(app->op->size(), controls_.RadioButtonWidth->isChecked(),
+                                   text::Val(controls_.resizedWidth->text()), app->frameWidth);
+        // Even with no room left inside the frame, a file that cannot be decoded is no picture.
+        picture =
+            decoded_.at(*app->op, geometry.inner.isEmpty() ? QSize(1, 1) : geometry.inner.size());
     }
-    const PreviewGeometry geometry =
-        previewGeometry(app->op->size(), controls_.RadioButtonWidth->isChecked(),
-                        text::Val(controls_.resizedWidth->text()), app->frameWidth);
-    // Even with no room left inside the frame, a file that cannot be decoded is no picture.
-    const QSize decodeSize = geometry.inner.isEmpty() ? QSize(1, 1) : geometry.inner.size();
-    const QImage picture = decoded_.at(*app->op, decodeSize);
     if (picture.isNull()) {
         app->op = nullptr;
-        shown_.reset();
+        shown_.reset();  // the backdrop shows at the canvas's last size
         update();
         return;
     }
