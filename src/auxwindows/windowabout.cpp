@@ -50,11 +50,6 @@ void WindowAbout::Show() {
     activateWindow();
 }
 
-QString WindowAbout::donationAddress() {
-    return QStringLiteral("http://") + owner::donationHost +
-           QStringLiteral("/paypal.php?app=Velmora");
-}
-
 bool WindowAbout::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::Enter:
@@ -106,7 +101,8 @@ void WindowAbout::BevelButton1_MouseExit() {
 void WindowAbout::BevelButton1_Action() {
     // Out of the way of the browser, and back as it was at the next opening.
     hide();
-    ShowURL(donationAddress());
+    ShowURL(QStringLiteral("http://") + owner::donationHost +
+            QStringLiteral("/paypal.php?app=Velmora"));
 }
 
 void WindowAbout::Label4_MouseEnter() {

@@ -19,9 +19,6 @@ public:
     // Application-modal, over the main window when there is one.
     void Show();
 
-    // The address the donation button opens.
-    static QString donationAddress();
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
