@@ -11,6 +11,9 @@
 
 namespace {
 
+// What the members of the radio arrays stand for, by Index.
+const QStringList kSavePaths = {"Desktop", "Documents", "Pictures"};
+const QStringList kImageFormats = {"PNG", "JPEG"};
 // The quality rows of the popup, from the best down.
 constexpr int kQualityOfRow[] = {100, 80, 50, 25, 0};
 constexpr int kQualityRows = 5;
@@ -74,12 +77,10 @@ void WindowPreferences::escapePressed() {
 
 void WindowPreferences::Event_Open() {
     const App* app = App::instance();
-    const QStringList paths = {"Desktop", "Documents", "Pictures"};
-    if (paths.contains(app->savePath))
-        savePathButton[paths.indexOf(app->savePath)]->setChecked(true);
-    const QStringList formats = {"PNG", "JPEG"};
-    if (formats.contains(app->imageFormat))
-        saveImageFormat[formats.indexOf(app->imageFormat)]->setChecked(true);
+    if (kSavePaths.contains(app->savePath))
+        savePathButton[kSavePaths.indexOf(app->savePath)]->setChecked(true);
+    if (kImageFormats.contains(app->imageFormat))
+        saveImageFormat[kImageFormats.indexOf(app->imageFormat)]->setChecked(true);
     for (int row = 0; row < kQualityRows; ++row)
         if (kQualityOfRow[row] == app->imageQuality) ui->PopupMenuQuality->setCurrentIndex(row);
     ui->CheckBoxPrefs->setChecked(app->openPrefs == QStringLiteral("yes"));
@@ -95,16 +96,16 @@ void WindowPreferences::PushButton1_Action() {
 
 void WindowPreferences::PushButton2_Action() {
     App* app = App::instance();
-    const QStringList paths = {"Desktop", "Documents", "Pictures"};
     for (int index = 0; index < savePathButton.size(); ++index)
         if (savePathButton[index]->isChecked()) {
-            app->savePath = paths[index];
+            app->savePath = kSavePaths[index];
             break;
         }
-    if (saveImageFormat[0]->isChecked())
-        app->imageFormat = QStringLiteral("PNG");
-    else if (saveImageFormat[1]->isChecked())
-        app->imageFormat = QStringLiteral("JPEG");
+    for (int index = 0; index < saveImageFormat.size(); ++index)
+        if (saveImageFormat[index]->isChecked()) {
+            app->imageFormat = kImageFormats[index];
+            break;
+        }
     // Recorded for either format, also while the popup is disabled.
     const int row = ui->PopupMenuQuality->currentIndex();
     if (row >= 0 && row < kQualityRows) app->imageQuality = kQualityOfRow[row];
