@@ -1,19 +1,25 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "mainwindow/windowmain.h"
 #include "platform/slider.h"
 #include "preview/imagecanvas.h"
 #include "preview/sizecontrols.h"
+#include "resources/namedpictures.h"
 #include "support/testenvironment.h"
 
 namespace {
 const QRgb kLeft = qRgb(20, 40, 200), kRight = qRgb(30, 180, 60), kFrame = qRgb(200, 30, 30);
 const QString kReady = QStringLiteral("Ready to create the gallery!");
+const QString kStart = QStringLiteral(
+    "To start, simply Drag and Drag  a folder of chosen images onto this window.\n"
+    "Please take note: the images have to be already resized.");
 
 // Halves of two colours, so that a crop or a shift of the picture shows.
 QString writeHalves(const QString& path, QSize size) {
@@ -25,8 +31,8 @@ QString writeHalves(const QString& path, QSize size) {
 }
 }  // namespace
 
-// The canvas and the size controls, on stand-ins for the main window's controls. The slider's
-// range is wide, so that it hands every number back unchanged.
+// The canvas and the size controls on stand-ins for the main window's controls, with a slider
+// wide enough to hand every number back unchanged; then the real window.
 class PreviewTest : public QObject {
     Q_OBJECT
     QTemporaryDir dir;
@@ -84,16 +90,16 @@ private slots:
         paint(photo, widthMode, size, frame);
 
         QCOMPARE(canvas->geometry(), QRect(QPoint(245, 74), preview));
-        QCOMPARE(wRect->isVisibleTo(&window), widthMode);
-        QCOMPARE(hRect->isVisibleTo(&window), !widthMode);
+        QVERIFY(wRect->isVisibleTo(&window) == widthMode &&
+                hRect->isVisibleTo(&window) != widthMode);
         QCOMPARE(widthMode ? wRect->width() : hRect->height(),
                  widthMode ? preview.width() : preview.height());
         QCOMPARE(info->text(), kReady);
         const QImage small = App::instance()->opSmall;
         QCOMPARE(canvas->grab().toImage().convertToFormat(small.format()), small);
         QCOMPARE(small.size(), preview);
-        if (frame > 0) QCOMPARE(small.pixel(inner.bottomRight() + QPoint(1, 1)), kFrame);
         if (frame > 0) QCOMPARE(small.pixel(0, 0), kFrame);
+        if (frame > 0) QCOMPARE(small.pixel(inner.bottomRight() + QPoint(1, 1)), kFrame);
         if (!inner.isEmpty()) QCOMPARE(small.pixel(inner.topLeft()), kLeft);
         if (!inner.isEmpty()) QCOMPARE(small.pixel(inner.bottomRight()), kRight);
     }
@@ -109,7 +115,7 @@ private slots:
             paint(file, false, "100");
             QVERIFY(!App::instance()->op);
             QCOMPARE(canvas->size(), QSize(300, 200));
-            QVERIFY(wRect->isVisibleTo(&window) && !hRect->isVisibleTo(&window));
+            QVERIFY(wRect->isVisibleTo(&window) && !hRect->isVisibleTo(&window));  // as before
             QCOMPARE(info->text(), kReady);
             QCOMPARE(App::instance()->opSmall, small);
         }
@@ -138,13 +144,45 @@ private slots:
             QCoreApplication::sendEvent(wanted, &lost);
             QCOMPARE(wanted->text(), kept);
             QCOMPARE(App::instance()->lastSize, stored);
-            QCOMPARE(slider->value(), stored);
         }
-        QSignalSpy returns(wanted, &QLineEdit::returnPressed);
         wanted->setText("0");
         QTest::keyClick(wanted, Qt::Key_Return);
         QCOMPARE(wanted->text(), QString("1"));
-        QCOMPARE(returns.size(), 1);
+    }
+
+    void followsTheMainWindowFromOpeningToRemoval() {
+        App* app = App::instance();
+        app->opf.clear();
+        app->frameWidth = 0;
+        app->start();
+        WindowMain* main = app->windowMain();
+        const QLabel* mainInfo = main->findChild<QLabel*>("info");
+        const ImageCanvas* mainCanvas = main->imageCanvas();
+        // The field's first text falls to the slider's single position.
+        QCOMPARE(main->findChild<QLineEdit*>("resizedWidth")->text(), QString("360"));
+        QCOMPARE(app->lastSize, 360);
+        QCoreApplication::processEvents();
+        QCOMPARE(app->op, pictures::hubble());
+        QCOMPARE(mainInfo->text(), kStart);
+        QCOMPARE(mainCanvas->geometry(), QRect(245, 74, 360, 240));
+
+        QTemporaryDir folder;
+        writeHalves(folder.filePath("a.png"), {1600, 1067});
+        writeHalves(folder.filePath("b.png"), {800, 1200});
+        main->older(folder.path());
+        main->catalogue().setListIndex(1);
+        main->findChild<QRadioButton*>("RadioButtonHeight")->click();
+        QCoreApplication::processEvents();
+        QCOMPARE(mainInfo->text(), kReady);
+        QCOMPARE(mainCanvas->size(), QSize(240, 360));
+
+        // A removal takes the selected file away although a row remains.
+        TestEnvironment::dialogs().answers.enqueue(6);
+        main->findChild<QPushButton*>("clearBtn1")->click();
+        QCoreApplication::processEvents();
+        QCOMPARE(app->op, pictures::hubble());
+        QCOMPARE(mainInfo->text(), kStart);
+        QCOMPARE(mainCanvas->size(), QSize(540, 360));
     }
 };
 
