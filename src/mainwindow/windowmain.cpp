@@ -187,7 +187,10 @@ void WindowMain::Listbox1_Change() {
     if (row < 0) return;
     App* app = App::instance();
     app->opf = catalogue_.Cell(row, 2);
-    app->op = Picture::open(app->opf);
+    // A row that intake has just added was opened a moment ago: reading the file's header again
+    // would double the file reads of the walk.
+    const bool justOpened = intakePicture_ && intakePicture_->path() == app->opf;
+    app->op = justOpened ? intakePicture_ : Picture::open(app->opf);
     ui_->imgCaption->setText(catalogue_.Cell(row, CatalogueRow::kCaptionCell));
     ui_->ImageCanvas->Invalidate();
 }
@@ -236,18 +239,18 @@ void WindowMain::older(const QString& folder) {
     const QDir dir(folder);
     for (const QString& name : folderItemsByName(folder)) {
         const QFileInfo item(dir.filePath(name));
-        // Gone since the folder was listed.
-        if (!item.exists() && !item.isSymLink()) continue;
-        if (const PicturePtr picture = Picture::open(item.filePath())) {
+        intakePicture_ = Picture::open(item.filePath());
+        if (intakePicture_) {
             catalogue_.AddRow(stripExtension(name));
             const int row = catalogue_.LastIndex();
             catalogue_.setCell(row, 1, name);
             catalogue_.setCell(row, 2, QDir::toNativeSeparators(item.absoluteFilePath()));
             catalogue_.setCell(row, 3, fileTypes::typeOfExtension(item.suffix()));
-            catalogue_.setCell(row, 4, Str(picture->width()));
-            catalogue_.setCell(row, 5, Str(picture->height()));
+            catalogue_.setCell(row, 4, Str(intakePicture_->width()));
+            catalogue_.setCell(row, 5, Str(intakePicture_->height()));
         }
         updateTheList();
+        intakePicture_.reset();
     }
     if (WindowProgess* progress = existingInstance<WindowProgess>())
         progress->Refresh(WindowProgess::Repaint::Now);

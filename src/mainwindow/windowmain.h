@@ -5,6 +5,7 @@
 
 #include "catalogue/imagecatalogue.h"
 #include "page/gallerysettings.h"
+#include "platform/picture.h"
 
 class ImageCanvas;
 class QMimeData;
@@ -66,4 +67,6 @@ private:
 
     std::unique_ptr<Ui::WindowMain> ui_;
     ImageCatalogue catalogue_;
+    // The picture of the folder item that intake is taking in, while it does.
+    PicturePtr intakePicture_;
 };

@@ -1,0 +1,165 @@
+// Times dropping a folder of camera-sized JPEGs on the main window, per file, against reading
+// the first 64 KiB of each of the same files in the same run, and reports the peak memory of the
+// process. Prints figures; checks nothing.
+//
+// The folders are written by a child run of this program, so that the pictures it encodes do not
+// count in this process's peak memory.
+#include <sys/resource.h>
+
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMimeData>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QUrl>
+#include <algorithm>
+#include <cstdio>
+
+#include "app/app.h"
+#include "mainwindow/windowmain.h"
+
+namespace {
+
+constexpr int kRounds = 7;
+constexpr qint64 kHeaderBytes = 64 * 1024;
+
+// Noise over gradients, so that the encoder has real detail to deal with.
+QImage photoLike(QSize size, quint32 seed) {
+    QRandomGenerator random(seed);
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        QRgb* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const int noise = random.bounded(80);
+            line[x] = qRgb((x * 220 / size.width() + noise) & 255,
+                           (y * 220 / size.height() + noise) & 255, ((x ^ y) % 200 + noise) & 255);
+        }
+    }
+    return image;
+}
+
+// Fills `folder` with `count` JPEGs of `size`: copies of four different pictures.
+int makeFolder(const QString& folder, int count, QSize size) {
+    QDir().mkpath(folder);
+    QStringList originals;
+    for (int i = 0; i < 4; ++i) {
+        originals << QDir(folder).filePath(
+            QStringLiteral("photo_%1.jpg").arg(i + 1, 4, 10, QChar('0')));
+        if (!photoLike(size, 7 + i).save(originals.last(), "JPEG", 90)) return 1;
+    }
+    for (int i = 4; i < count; ++i) {
+        const QString copy =
+            QDir(folder).filePath(QStringLiteral("photo_%1.jpg").arg(i + 1, 4, 10, QChar('0')));
+        if (!QFile::copy(originals[i % 4], copy)) return 1;
+    }
+    return 0;
+}
+
+double peakMegabytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024.0;
+}
+
+double median(QList<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// Milliseconds to read the first 64 KiB of every file in `folder`.
+double rawRead(const QString& folder) {
+    const QStringList names = QDir(folder).entryList(QDir::Files);
+    QByteArray buffer(kHeaderBytes, Qt::Uninitialized);
+    QElapsedTimer timer;
+    timer.start();
+    for (const QString& name : names) {
+        QFile file(QDir(folder).filePath(name));
+        if (file.open(QIODevice::ReadOnly)) file.read(buffer.data(), kHeaderBytes);
+    }
+    return timer.nsecsElapsed() / 1e6;
+}
+
+// Milliseconds for dropping `folder` on a fresh main window, through its drop events.
+double drop(const QString& folder, int expectedRows) {
+    WindowMain window;
+    window.Event_Open();
+    window.show();
+    QCoreApplication::processEvents();
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(folder)});
+    QDragEnterEvent enter(QPoint(400, 300), Qt::CopyAction, &dragged, Qt::LeftButton,
+                          Qt::NoModifier);
+    QDropEvent dropped(QPointF(400, 300), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QElapsedTimer timer;
+    timer.start();
+    QCoreApplication::sendEvent(&window, &enter);
+    QCoreApplication::sendEvent(&window, &dropped);
+    const double elapsed = timer.nsecsElapsed() / 1e6;
+    if (window.catalogue().ListCount() != expectedRows)
+        std::printf("  (expected %d rows, got %d)\n", expectedRows, window.catalogue().ListCount());
+    QCoreApplication::processEvents();  // the preview of the first row
+    return elapsed;
+}
+
+void measure(const char* title, const QString& folder, int count) {
+    rawRead(folder);  // both runs below read a warm cache
+    QList<double> raw, dropped;
+    for (int round = 0; round < kRounds; ++round) {
+        raw << rawRead(folder);
+        dropped << drop(folder, count);
+    }
+    const double rawMs = median(raw), dropMs = median(dropped);
+    std::printf("%s: %d files\n", title, count);
+    std::printf("  drop        %8.1f ms  %6.3f ms/file\n", dropMs, dropMs / count);
+    std::printf("  64 KiB read %8.1f ms  %6.3f ms/file\n", rawMs, rawMs / count);
+    std::printf("  ratio       %8.2f\n", dropMs / rawMs);
+    std::printf("  peak memory %8.1f MB so far\n", peakMegabytes());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc == 5 && QByteArray(argv[1]) == "--make-folder") {
+        QGuiApplication generator(argc, argv);
+        const QStringList size = QString::fromLocal8Bit(argv[4]).split('x');
+        return makeFolder(QString::fromLocal8Bit(argv[2]), QByteArray(argv[3]).toInt(),
+                          QSize(size[0].toInt(), size[1].toInt()));
+    }
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QTemporaryDir dir;
+    struct Folder {
+        const char* title;
+        QString path;
+        int count;
+        const char* size;
+    };
+    const QList<Folder> folders = {
+        {"small JPEGs, 640 x 427", dir.filePath("small"), 200, "640x427"},
+        {"camera JPEGs, 2048 x 1365", dir.filePath("few"), 200, "2048x1365"},
+        {"camera JPEGs, 2048 x 1365", dir.filePath("many"), 2000, "2048x1365"},
+    };
+    for (const Folder& folder : folders) {
+        if (QProcess::execute(
+                QString::fromLocal8Bit(argv[0]),
+                {"--make-folder", folder.path, QString::number(folder.count), folder.size}) != 0) {
+            std::printf("could not write %s\n", qPrintable(folder.path));
+            return 1;
+        }
+    }
+
+    App app(argc, argv);
+    app.Event_Open();
+    // A folder of folders adds nothing: what remains is the fixed cost of a drop, mostly
+    // bringing the progress window on screen.
+    QList<double> empty;
+    for (int round = 0; round < kRounds; ++round) empty << drop(dir.path(), 0);
+    std::printf("Drop of a folder on the main window (offscreen, warm file cache, median of %d)\n",
+                kRounds);
+    std::printf("drop adding nothing: %.1f ms\n", median(empty));
+    std::printf("peak memory with a window and an empty drop: %.1f MB\n", peakMegabytes());
+    for (const Folder& folder : folders) measure(folder.title, folder.path, folder.count);
+    return 0;
+}
