@@ -20,26 +20,12 @@
 
 #include "app/app.h"
 #include "mainwindow/windowmain.h"
+#include "support/photolike.h"
 
 namespace {
 
 constexpr int kRounds = 7;
 constexpr qint64 kHeaderBytes = 64 * 1024;
-
-// Noise over gradients, so that the encoder has real detail to deal with.
-QImage photoLike(QSize size, quint32 seed) {
-    QRandomGenerator random(seed);
-    QImage image(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y) {
-        QRgb* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x) {
-            const int noise = random.bounded(80);
-            line[x] = qRgb((x * 220 / size.width() + noise) & 255,
-                           (y * 220 / size.height() + noise) & 255, ((x ^ y) % 200 + noise) & 255);
-        }
-    }
-    return image;
-}
 
 // Fills `folder` with `count` JPEGs of `size`: copies of four different pictures.
 int makeFolder(const QString& folder, int count, QSize size) {
@@ -62,11 +48,6 @@ double peakMegabytes() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_maxrss / 1024.0;
-}
-
-double median(QList<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 // Milliseconds to read the first 64 KiB of every file in `folder`.

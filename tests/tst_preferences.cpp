@@ -12,6 +12,7 @@
 #include "platform/specialfolders.h"
 #include "preferences/windowpreferences.h"
 #include "preview/imagecanvas.h"
+#include "support/photolike.h"
 #include "support/testenvironment.h"
 
 namespace {
@@ -44,15 +45,6 @@ Settings settingsOfApp() {
             app->openPrefs, app->frameWidth,  app->bordColor};
 }
 
-// Counts the paints of a control.
-class PaintCounter : public QObject {
-public:
-    int paints = 0;
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) ++paints;
-        return false;
-    }
-};
 }  // namespace
 
 class PreferencesTest : public QObject {

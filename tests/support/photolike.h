@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QSize>
+
+// A picture with noise over gradients and shapes, so that an encoder and a decoder have real
+// detail to deal with, as in a photo. The same seed gives the same picture.
+QImage photoLike(QSize size, quint32 seed);
+
+// The middle value of a set of timings.
+double median(QList<double> values);
+
+// Counts the paints of the widgets it is installed on.
+class PaintCounter : public QObject {
+public:
+    int paints = 0;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
