@@ -13,7 +13,8 @@ QString start();
 QString ready();
 
 // Puts `text` into `label`. The program parts the lines of a message with Chr(13), and a QLabel
-// breaks lines at "\n" only, so the label holds each Chr(13) as "\n".
+// breaks lines at "\n" only, so the label holds each Chr(13) as "\n". Each line stays on one row:
+// the font narrows when a line is wider than the label.
 void show(QLabel* label, const QString& text);
 
 }  // namespace infotext
