@@ -4,6 +4,7 @@
 #include "auxwindows/designfonts.h"
 #include "mainwindow/windowmain.h"
 #include "platform/dialogs.h"
+#include "platform/narrowtofit.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
 #include "preferences/ui_windowpreferences.h"
@@ -47,6 +48,7 @@ WindowPreferences::WindowPreferences(QWidget* parent)
     : SheetWindow(parent), ui(new Ui::WindowPreferences) {
     ui->setupUi(this);
     useDesignFontSizes(this);
+    narrowToFit(ui->Label1);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinMaxButtonsHint);
     savePathButton = {ui->savePathButton_0, ui->savePathButton_1, ui->savePathButton_2};
@@ -137,7 +139,10 @@ void WindowPreferences::PopupMenuQuality_Change() {
         "Medium file size, medium quality", "Small file size, low quality",
         "Smallest file size, very low quality"};
     const int row = ui->PopupMenuQuality->currentIndex();
-    if (row >= 0 && row < descriptions.size()) ui->LabelQuality->setText(descriptions[row]);
+    if (row >= 0 && row < descriptions.size()) {
+        ui->LabelQuality->setText(descriptions[row]);
+        narrowToFit(ui->LabelQuality);
+    }
 }
 
 void WindowPreferences::SliderFrameWidth_ValueChanged() {

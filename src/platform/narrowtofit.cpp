@@ -1,0 +1,21 @@
+#include "platform/narrowtofit.h"
+
+#include <QFontMetrics>
+#include <QLabel>
+#include <algorithm>
+
+void narrowToFit(QLabel* label) {
+    const QStringList lines = label->text().split(QLatin1Char('\n'));
+    QFont font = label->font();
+    font.setStretch(QFont::Unstretched);
+    const auto widest = [&] {
+        int width = 0;
+        for (const QString& line : lines)
+            width = std::max(width, QFontMetrics(font).horizontalAdvance(line));
+        return width;
+    };
+    const int room = label->contentsRect().width();
+    while (font.stretch() > QFont::UltraCondensed && widest() > room)
+        font.setStretch(font.stretch() - 2);
+    label->setFont(font);
+}
