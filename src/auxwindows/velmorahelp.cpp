@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "auxwindows/designfonts.h"
+#include "platform/designfonts.h"
 #include "auxwindows/ui_velmorahelp.h"
 
 static void loadHelpTextResources() {

@@ -3,7 +3,7 @@
 #include <QEvent>
 
 #include "app/app.h"
-#include "auxwindows/designfonts.h"
+#include "platform/designfonts.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/owner.h"
 #include "auxwindows/ui_windowabout.h"

@@ -3,7 +3,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 
-#include "auxwindows/designfonts.h"
+#include "platform/designfonts.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/ui_windowprogess.h"
 #include "resources/namedpictures.h"

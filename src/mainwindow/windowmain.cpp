@@ -10,13 +10,13 @@
 #include <QUrl>
 
 #include "app/app.h"
-#include "auxwindows/designfonts.h"
+#include "platform/designfonts.h"
 #include "auxwindows/velmorahelp.h"
 #include "auxwindows/windowprogess.h"
 #include "catalogue/filetypes.h"
 #include "catalogue/stripextension.h"
 #include "mainwindow/colournames.h"
-#include "mainwindow/folderitems.h"
+#include "catalogue/folderitems.h"
 #include "mainwindow/mainmenubar.h"
 #include "mainwindow/ui_windowmain.h"
 #include "platform/dialogs.h"

@@ -1,7 +1,7 @@
 #include "preferences/windowpreferences.h"
 
 #include "app/app.h"
-#include "auxwindows/designfonts.h"
+#include "platform/designfonts.h"
 #include "mainwindow/windowmain.h"
 #include "platform/dialogs.h"
 #include "platform/narrowtofit.h"

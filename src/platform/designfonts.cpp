@@ -1,4 +1,4 @@
-#include "auxwindows/designfonts.h"
+#include "platform/designfonts.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "mainwindow/folderitems.h"
+#include "catalogue/folderitems.h"
 
 #include <QCollator>
 #include <QDir>
