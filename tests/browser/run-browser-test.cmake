@@ -17,7 +17,7 @@ endif()
 
 execute_process(
   COMMAND "${CMAKE_COMMAND}" -E env "GALLERY_DIR=${gallery}" "SCREENSHOT_DIR=${screenshots}"
-          "${NODE}" --test-reporter=spec "${TEST_DIR}/gallery.test.mjs"
+          "${NODE}" --test-reporter=tap "${TEST_DIR}/gallery.test.mjs"
   RESULT_VARIABLE checked)
 if(NOT checked EQUAL 0)
   message(FATAL_ERROR "The browser check of the gallery pages failed; screenshots in ${screenshots}")
