@@ -2,9 +2,12 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QSaveFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <csignal>
 
 #include "page/gallerywriter.h"
@@ -49,6 +52,47 @@ QString pageFor(const GallerySettings& settings, const QString& countText,
     buffer.open(QIODevice::WriteOnly);
     if (!writeGalleryPage(buffer, settings, countText, rows)) return {};
     return QString::fromUtf8(buffer.data());
+}
+
+enum class Failure { FolderGone, FolderIsAFile, WriteError, SilentLoss, SizeLimit };
+
+// A page file on a device that runs out of room after its first kilobyte: its write fails with
+// an error or, as some full disks do, reports success for bytes that never arrive.
+class FailingPageFile : public QSaveFile {
+public:
+    FailingPageFile(const QString& path, Failure failure) : QSaveFile(path), failure_(failure) {}
+
+protected:
+    qint64 writeData(const char* data, qint64 length) override {
+        const qint64 fits = std::clamp<qint64>(kRoom - written_, 0, length);
+        if (fits > 0) written_ += QSaveFile::writeData(data, fits);
+        if (fits == length || failure_ == Failure::SilentLoss) return length;
+        setErrorString("No space left on device");
+        return -1;
+    }
+
+private:
+    static constexpr qint64 kRoom = 1024;
+    Failure failure_;
+    qint64 written_ = 0;
+};
+
+void writeFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+// Every file below `folder`, hidden ones included, with its content.
+QMap<QString, QByteArray> filesUnder(const QString& folder) {
+    QMap<QString, QByteArray> files;
+    QDirIterator it(folder, QDir::Files | QDir::Hidden | QDir::System,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        QFile file(it.next());
+        files[it.filePath()] = file.open(QIODevice::ReadOnly) ? file.readAll() : "(unreadable)";
+    }
+    return files;
 }
 
 QByteArray readFile(const QString& path) {
@@ -120,36 +164,63 @@ private slots:
         QCOMPARE(TestEnvironment::desktop().launched.size(), 2);
     }
 
-    void aFailedWriteTellsWhyAndLeavesNothingBehind() {
-        QTemporaryDir folder;
-        GallerySettings settings = settingsIn(folder.path() + "/gone", true);
-        publishGalleryPage(settings, "3 images", threeRows());
+    void aFailedWriteTellsWhyAndLeavesEverythingAsItWas_data() {
+        QTest::addColumn<int>("failure");
+        QTest::newRow("folder deleted since the drop") << int(Failure::FolderGone);
+        QTest::newRow("folder is a file") << int(Failure::FolderIsAFile);
+        QTest::newRow("write fails midway") << int(Failure::WriteError);
+        QTest::newRow("bytes lost without a word") << int(Failure::SilentLoss);
+        QTest::newRow("file size limit") << int(Failure::SizeLimit);
+    }
+    void aFailedWriteTellsWhyAndLeavesEverythingAsItWas() {
+        QFETCH(int, failure);
+        QTemporaryDir root;
+        GallerySettings settings = settingsIn(root.path(), true);
+        publishGalleryPage(settings, "3 images", threeRows());  // the earlier page
+        writeFile(root.filePath("notes.txt"), "Not a folder.\n");
+        init();
+
+        PageFileFactory makeFile;
+        settings.galleryTitle = "Never written";
+        switch (Failure(failure)) {
+            case Failure::FolderGone:
+                QVERIFY(QDir(root.path()).mkdir("Trip"));
+                settings.galleryPath = root.filePath("Trip") + "/";
+                QVERIFY(QDir(root.filePath("Trip")).removeRecursively());
+                break;
+            case Failure::FolderIsAFile:
+                settings.galleryPath = root.filePath("notes.txt") + "/";
+                break;
+            case Failure::WriteError:
+            case Failure::SilentLoss:
+                makeFile = [failure](const QString& path) {
+                    return std::make_unique<FailingPageFile>(path, Failure(failure));
+                };
+                break;
+            case Failure::SizeLimit:
+                break;
+        }
+        const QMap<QString, QByteArray> before = filesUnder(root.path());
+
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        if (Failure(failure) == Failure::SizeLimit) {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit small{1000, limit.rlim_max};
+            setrlimit(RLIMIT_FSIZE, &small);
+        }
+        publishGalleryPage(settings, "3 images", threeRows(), makeFile);
+        setrlimit(RLIMIT_FSIZE, &limit);
+
         QVERIFY(TestEnvironment::desktop().launched.isEmpty());
         QCOMPARE(TestEnvironment::dialogs().messages.size(), 1);
         const QString message = TestEnvironment::dialogs().messages.first();
-        QVERIFY(message.startsWith("The gallery page could not be written.\r" + folder.path() +
-                                   "/gone/index.html\r"));
-        QVERIFY(message.size() > message.lastIndexOf('\r') + 1);  // the system's reason follows
-        QVERIFY(!QFileInfo::exists(folder.path() + "/gone"));
-
-        // A rewrite that fails half-way (the file size limit stands in for a full disk) keeps
-        // the earlier page exactly as it was.
-        settings = settingsIn(folder.path(), true);
-        publishGalleryPage(settings, "3 images", threeRows());
-        const QByteArray earlier = readFile(folder.path() + "/index.html");
-        settings.galleryTitle = "Never written";
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        const rlimit small{1000, limit.rlim_max};
-        std::signal(SIGXFSZ, SIG_IGN);
-        setrlimit(RLIMIT_FSIZE, &small);
-        const PageWriteResult result = saveGalleryPage(settings, "3 images", threeRows());
-        setrlimit(RLIMIT_FSIZE, &limit);
-        QVERIFY(!result.ok);
-        QVERIFY(!result.error.isEmpty());
-        QCOMPARE(readFile(folder.path() + "/index.html"), earlier);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
-                 QStringList({"index.html"}));
+        const QString heading =
+            "The gallery page could not be written.\r" + galleryPagePath(settings) + "\r";
+        QVERIFY2(message.startsWith(heading), qPrintable(message));
+        QVERIFY(message.size() > heading.size());  // the system's reason follows
+        // The earlier page byte for byte, no temporary file, no folder made.
+        QCOMPARE(filesUnder(root.path()), before);
     }
 };
 

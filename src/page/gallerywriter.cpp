@@ -108,7 +108,7 @@ QString galleryPagePath(const GallerySettings& settings) {
 }
 
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
-                                const QList<CatalogueRow>& rows) {
+                                const QList<CatalogueRow>& rows, const PageFileFactory& makeFile) {
     PageWriteResult result;
     result.path = galleryPagePath(settings);
 
@@ -117,25 +117,26 @@ PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& 
     writeGalleryPage(page, settings, countText, rows);
     const QByteArray& bytes = page.data();
 
-    QSaveFile file(result.path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        result.error = file.errorString();
+    const std::unique_ptr<QSaveFile> file =
+        makeFile ? makeFile(result.path) : std::make_unique<QSaveFile>(result.path);
+    if (!file->open(QIODevice::WriteOnly)) {
+        result.error = file->errorString();
         return result;
     }
     // A write cut short (a full disk, a size limit) is not always reported as an error, so the
     // size on disk is checked before the new page replaces the old one.
-    const bool written = file.write(bytes) == bytes.size() && file.flush();
-    if (!written || file.size() != bytes.size()) {
+    const bool written = file->write(bytes) == bytes.size() && file->flush();
+    if (!written || file->size() != bytes.size()) {
         result.error = written
                            ? QStringLiteral("Only %1 of %2 bytes reached the disk; it may be full.")
-                                 .arg(file.size())
+                                 .arg(file->size())
                                  .arg(bytes.size())
-                           : file.errorString();
-        file.cancelWriting();
+                           : file->errorString();
+        file->cancelWriting();
         return result;
     }
-    if (!file.commit()) {
-        result.error = file.errorString();
+    if (!file->commit()) {
+        result.error = file->errorString();
         return result;
     }
     result.ok = true;
@@ -143,8 +144,8 @@ PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& 
 }
 
 void publishGalleryPage(const GallerySettings& settings, const QString& countText,
-                        const QList<CatalogueRow>& rows) {
-    const PageWriteResult result = saveGalleryPage(settings, countText, rows);
+                        const QList<CatalogueRow>& rows, const PageFileFactory& makeFile) {
+    const PageWriteResult result = saveGalleryPage(settings, countText, rows, makeFile);
     if (!result.ok) {
         MsgBox("The gallery page could not be written." + text::Chr(13) + result.path +
                text::Chr(13) + result.error);

@@ -2,11 +2,14 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
+#include <memory>
 
 #include "catalogue/cataloguerow.h"
 #include "page/gallerysettings.h"
 
 class QIODevice;
+class QSaveFile;
 
 // Writes the gallery page for `rows` to `device` as UTF-8 with LF line ends. The number of
 // slides is the leading number of `countText`, as the list's count label shows it; nothing
@@ -23,12 +26,17 @@ struct PageWriteResult {
     QString error;  // the system's reason when `ok` is false
 };
 
+// Makes the file object the page is written through; empty means a plain QSaveFile. Tests hand in
+// one whose writes fail on purpose.
+using PageFileFactory = std::function<std::unique_ptr<QSaveFile>(const QString& path)>;
+
 // Writes the page file atomically: on any failure an earlier page of that name stays as it was
 // and no partial file remains.
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
-                                const QList<CatalogueRow>& rows);
+                                const QList<CatalogueRow>& rows,
+                                const PageFileFactory& makeFile = {});
 
 // Saves the page and opens it in the default application, or tells the user why it could not
 // be written.
 void publishGalleryPage(const GallerySettings& settings, const QString& countText,
-                        const QList<CatalogueRow>& rows);
+                        const QList<CatalogueRow>& rows, const PageFileFactory& makeFile = {});
