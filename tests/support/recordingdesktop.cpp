@@ -2,6 +2,7 @@
 
 void RecordingDesktop::launch(const QString& path) {
     launched.append(path);
+    if (onLaunch) onLaunch(path);
 }
 
 void RecordingDesktop::showURL(const QString& url) {
@@ -12,5 +13,6 @@ void RecordingDesktop::showURL(const QString& url) {
 void RecordingDesktop::clear() {
     launched.clear();
     urls.clear();
+    onLaunch = nullptr;
     onShowURL = nullptr;
 }

@@ -14,6 +14,7 @@ public:
 
     QStringList launched;
     QStringList urls;
-    // Runs at each showURL, to look at the program's state at that moment.
+    // Run at each launch and showURL, to look at the program's state at that moment or to fail.
+    std::function<void(const QString&)> onLaunch;
     std::function<void(const QString&)> onShowURL;
 };
