@@ -1,0 +1,189 @@
+// Times a gallery of many small images in the main window, step by step: dropping the folder,
+// stepping down 1,000 rows with the arrow key, writing the page, selecting all rows and removing
+// them all with "-". Each step is set against reading the headers of the same files with
+// QImageReader in the same run, and the whole is run for 2,500 and for 10,000 files, so that
+// a step that grows faster than the folder shows. Prints figures; checks nothing.
+#include <QBuffer>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+#include <cstdio>
+#include <map>
+
+#include "mainwindow/windowmain.h"
+#include "support/photolike.h"
+#include "support/testenvironment.h"
+
+namespace {
+
+constexpr int kRounds = 3;
+constexpr int kArrowSteps = 1000;
+
+enum Step { Intake, Arrows, Write, SelectAll, RemoveAll, StepCount };
+const char* const kStepNames[StepCount] = {"drop the folder", "1,000 x down arrow",
+                                           "write the page", "select all (Ctrl+A)",
+                                           "remove all with -"};
+
+// Writes the bytes of one small PNG `count` times, under names of a few kinds.
+void makeFolder(const QString& folder, int count) {
+    QBuffer png;
+    png.open(QIODevice::WriteOnly);
+    photoLike(QSize(16, 12), 3).save(&png, "PNG");
+    const QStringList prefixes = {"IMG_", "beach ", "Dune-", "été_"};
+    QDir().mkpath(folder);
+    for (int i = 0; i < count; ++i) {
+        QFile file(QDir(folder).filePath(prefixes[i % prefixes.size()] + QString::number(i) +
+                                         (i % 3 ? ".png" : ".PNG")));
+        if (file.open(QIODevice::WriteOnly)) file.write(png.data());
+    }
+}
+
+QStringList filesOf(const QString& folder) {
+    QStringList paths;
+    for (const QString& name : QDir(folder).entryList(QDir::Files))
+        paths << QDir(folder).filePath(name);
+    return paths;
+}
+
+template <class Work>
+double milliseconds(Work work) {
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return timer.nsecsElapsed() / 1e6;
+}
+
+double statAll(const QStringList& paths) {
+    qint64 bytes = 0;
+    const double ms = milliseconds([&] {
+        for (const QString& path : paths) bytes += QFileInfo(path).size();
+    });
+    return bytes > 0 ? ms : 0;
+}
+
+double readHeaders(const QStringList& paths) {
+    int width = 0;
+    const double ms = milliseconds([&] {
+        for (const QString& path : paths) width += QImageReader(path).size().width();
+    });
+    return width > 0 ? ms : 0;
+}
+
+// One pass of every step on a fresh main window; milliseconds per step.
+QList<double> runSteps(const QString& folder, int count) {
+    App::instance()->start();
+    WindowMain* window = App::instance()->windowMain();
+    auto* list = window->findChild<QWidget*>("Listbox1");
+    ImageCatalogue& catalogue = window->catalogue();
+    QCoreApplication::processEvents();
+    QList<double> times(StepCount);
+
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(folder)});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    times[Intake] = milliseconds([&] {
+        QCoreApplication::sendEvent(window, &enter);
+        QCoreApplication::sendEvent(window, &drop);
+        QCoreApplication::processEvents();
+    });
+    if (catalogue.ListCount() != count)
+        std::printf("  (expected %d rows, got %d)\n", count, catalogue.ListCount());
+
+    // Each press is followed by its repaint, as when the user holds the key down.
+    times[Arrows] = milliseconds([&] {
+        for (int step = 0; step < kArrowSteps; ++step) {
+            QTest::keyClick(list, Qt::Key_Down);
+            QCoreApplication::processEvents();
+        }
+    });
+    if (catalogue.ListIndex() != kArrowSteps)
+        std::printf("  (expected row %d selected, got %d)\n", kArrowSteps, catalogue.ListIndex());
+
+    times[Write] = milliseconds([&] {
+        window->findChild<QPushButton*>("BevelButton1")->click();
+        QCoreApplication::processEvents();
+    });
+    QFile::remove(QDir(folder).filePath("index.html"));
+
+    times[SelectAll] = milliseconds([&] {
+        QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+    });
+    if (catalogue.SelCount() != count)
+        std::printf("  (expected %d rows selected, got %d)\n", count, catalogue.SelCount());
+
+    TestEnvironment::dialogs().answers.enqueue(kAnswerYes);
+    times[RemoveAll] = milliseconds([&] {
+        window->findChild<QPushButton*>("clearBtn1")->click();
+        QCoreApplication::processEvents();
+    });
+    if (catalogue.ListCount() != 0)
+        std::printf("  (expected no rows left, got %d)\n", catalogue.ListCount());
+
+    delete window;
+    TestEnvironment::dialogs().clear();
+    TestEnvironment::desktop().clear();
+    return times;
+}
+
+struct Figures {
+    double stat = 0, headers = 0;
+    QList<double> steps;
+};
+
+Figures measure(const QString& folder, int count) {
+    const QStringList paths = filesOf(folder);
+    readHeaders(paths);  // every run below meets a warm file cache
+    QList<double> stats, headers;
+    QList<QList<double>> perStep(StepCount);
+    for (int round = 0; round < kRounds; ++round) {
+        stats << statAll(paths);
+        headers << readHeaders(paths);
+        const QList<double> times = runSteps(folder, count);
+        for (int step = 0; step < StepCount; ++step) perStep[step] << times[step];
+    }
+    Figures figures{median(stats), median(headers), {}};
+    for (const QList<double>& times : perStep) figures.steps << median(times);
+
+    std::printf("%d files\n", count);
+    std::printf("  %-22s %9.1f ms\n", "baseline: stat each", figures.stat);
+    std::printf("  %-22s %9.1f ms   (ratio 1)\n", "baseline: read headers", figures.headers);
+    for (int step = 0; step < StepCount; ++step)
+        std::printf("  %-22s %9.1f ms   ratio %7.2f\n", kStepNames[step], figures.steps[step],
+                    figures.steps[step] / figures.headers);
+    return figures;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    TestEnvironment environment;
+    App app(argc, argv);
+    QTemporaryDir dir;
+    const std::map<int, QString> folders = {{2500, dir.filePath("quarter")},
+                                            {10000, dir.filePath("full")}};
+    for (const auto& [count, folder] : folders) makeFolder(folder, count);
+
+    std::printf("Many small images in the main window (offscreen, warm file cache, median of %d)\n",
+                kRounds);
+    std::map<int, Figures> figures;
+    for (const auto& [count, folder] : folders) figures[count] = measure(folder, count);
+
+    // Linear work grows 4 times from 2,500 to 10,000 files, quadratic work 16 times; the 1,000
+    // arrow presses stay the same work unless a press costs more in a longer list.
+    std::printf("growth from 2,500 to 10,000 files\n");
+    std::printf("  %-22s %9.1f x\n", "read headers",
+                figures[10000].headers / figures[2500].headers);
+    for (int step = 0; step < StepCount; ++step)
+        std::printf("  %-22s %9.1f x\n", kStepNames[step],
+                    figures[10000].steps[step] / figures[2500].steps[step]);
+    return 0;
+}
