@@ -6,6 +6,7 @@
 #include <QSaveFile>
 
 #include "app/app.h"
+#include "app/savedpreferences.h"
 #include "auxwindows/windowabout.h"
 #include "mainwindow/windowmain.h"
 #include "platform/sharedwindow.h"
@@ -18,29 +19,17 @@ QString preferenceFilePath() {
     return QDir(SpecialFolder::Preferences()).filePath(QStringLiteral("Corvane4.prefs"));
 }
 
-// The next line without its end; past the end of the file, or of a file that cannot be read,
-// an empty line. Any bytes are taken: what is no UTF-8 reads as replacement characters.
-QString nextLine(QFile& file) {
-    if (file.atEnd()) return {};
-    QByteArray line = file.readLine();
-    if (line.endsWith('\n')) line.chop(1);
-    if (line.endsWith('\r')) line.chop(1);
-    return QString::fromUtf8(line);
-}
-
-int numberField(const QString& line, int index) {
-    return text::truncateToInt(text::Val(text::NthField(line, QStringLiteral(","), index)));
-}
-
 // The window's size is the size of its control area: where the menu bar lives inside the
 // window, the window is taller by the menu bar's height.
 void setControlAreaSize(WindowMain* window, QSize size) {
-    QSize chrome;
+    QSize chrome(0, 0);
     if (QWidget* area = window->centralWidget()) {
         window->layout()->activate();
         chrome = window->size() - area->size();
     }
-    window->resize(size + chrome);
+    // Qt bounds a widget's size to QWIDGETSIZE_MAX anyway; bounding first keeps the sum from
+    // overflowing for the huge numbers a damaged file may hold.
+    window->resize(size.boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)) + chrome);
 }
 
 }  // namespace
@@ -57,20 +46,13 @@ void App::loadPrefs() {
         return;
     }
     file.open(QIODevice::ReadOnly);
-    for (int heading = 0; heading < 3; ++heading) nextLine(file);
-    const QString settings = nextLine(file);
-    lastSize = numberField(settings, 1);
-    imageQuality = numberField(settings, 2);
-    imageFormat = text::NthField(settings, QStringLiteral(","), 3);
-    savePath = text::NthField(settings, QStringLiteral(","), 4);
-    openPrefs = text::NthField(settings, QStringLiteral(","), 5);
-    nextLine(file);
-    const QString windowSize = nextLine(file);
-    const int width = numberField(windowSize, 1);
-    const int height = numberField(windowSize, 2);
-    // Zero is what a run that never resized the window writes.
-    if (WindowMain* window = windowMain())
-        setControlAreaSize(window, QSize(width == 0 ? 980 : width, height == 0 ? 560 : height));
+    const SavedPreferences saved = readSavedPreferences(file);
+    lastSize = saved.lastSize;
+    imageQuality = saved.imageQuality;
+    imageFormat = saved.imageFormat;
+    savePath = saved.savePath;
+    openPrefs = saved.openPrefs;
+    if (WindowMain* window = windowMain()) setControlAreaSize(window, saved.windowSize);
 }
 
 void App::SavePrefs() {
