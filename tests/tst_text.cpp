@@ -48,6 +48,10 @@ private slots:
         QCOMPARE(CountFields("photo", "."), 1);
         QCOMPARE(CountFields("", "."), 0);
         QCOMPARE(CountFields("name.", "."), 2);
+        // Separators of more than one character never overlap.
+        QCOMPARE(CountFields("aaaa", "aa"), 3);
+        QCOMPARE(CountFields("aaa", "aa"), 2);
+        QCOMPARE(NthField("aaa", "aa", 2), QString("a"));
         QCOMPARE(Str(-42), QString("-42"));
         QCOMPARE(Str(1234567), QString("1234567"));
         QCOMPARE(Chr(13), QString("\r"));

@@ -1,6 +1,5 @@
 #include "platform/text.h"
 
-#include <QStringList>
 #include <cmath>
 #include <limits>
 
@@ -51,17 +50,38 @@ QString Str(int value) {
     return QString::number(value);
 }
 
+namespace {
+// Where the field `index` (from 1) starts, walking the separators one by one rather than splitting
+// the whole text, so that a line of millions of separators costs no more than its length. -1 when
+// the text has fewer fields. Separators never overlap: "aaa" at "aa" is "" and "a".
+qsizetype fieldStart(const QString& text, const QString& separator, int index) {
+    qsizetype start = 0;
+    for (int field = 1; field < index; ++field) {
+        const qsizetype next = text.indexOf(separator, start);
+        if (next < 0) return -1;
+        start = next + separator.size();
+    }
+    return start;
+}
+}  // namespace
+
 QString NthField(const QString& text, const QString& separator, int index) {
     if (index < 1 || text.isEmpty()) return {};
     if (separator.isEmpty()) return index == 1 ? text : QString();
-    const QStringList fields = text.split(separator);
-    return index <= fields.size() ? fields[index - 1] : QString();
+    const qsizetype start = fieldStart(text, separator, index);
+    if (start < 0) return {};
+    const qsizetype end = text.indexOf(separator, start);
+    return text.mid(start, end < 0 ? -1 : end - start);
 }
 
 int CountFields(const QString& text, const QString& separator) {
     if (text.isEmpty()) return 0;
     if (separator.isEmpty()) return 1;
-    return static_cast<int>(text.count(separator)) + 1;
+    int fields = 1;
+    for (qsizetype at = text.indexOf(separator); at >= 0;
+         at = text.indexOf(separator, at + separator.size()))
+        ++fields;
+    return fields;
 }
 
 QString Chr(int code) {
