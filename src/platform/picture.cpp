@@ -26,6 +26,9 @@ int Picture::decodeCount() {
 }
 
 QImage Picture::decode(QSize target) const {
+    // JPEG is decoded at down to an eighth of its size and PNG a scanline at a time into the
+    // target size; any larger buffer is refused by the reader above its allocation limit, so a
+    // header that claims 100000 x 100000 pixels costs no memory, only a null image.
     ++decodesSoFar;
     QImageReader reader(path_);
     reader.setDecideFormatFromContent(true);
