@@ -1,0 +1,110 @@
+// The text helpers over arbitrary texts, separators and numbers.
+#include <QStringList>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+#include "fuzzinput.h"
+#include "platform/text.h"
+
+using namespace text;
+
+namespace {
+
+// Fields split at a separator and joined with it give the text back, and there are as many
+// as CountFields says: an empty text has none, a text without the separator one.
+void fieldsRebuildTheText(const QString& whole, const QString& separator) {
+    const int count = CountFields(whole, separator);
+    FUZZ_CHECK(NthField(whole, separator, 0).isEmpty());
+    FUZZ_CHECK(NthField(whole, separator, count + 1).isEmpty());
+    if (whole.isEmpty()) {
+        FUZZ_CHECK(count == 0);
+        return;
+    }
+    if (separator.isEmpty() || !whole.contains(separator)) {
+        FUZZ_CHECK(count == 1);
+        FUZZ_CHECK(NthField(whole, separator, 1) == whole);
+        return;
+    }
+    QStringList fields;
+    for (int index = 1; index <= count; ++index) {
+        fields.append(NthField(whole, separator, index));
+        FUZZ_CHECK(!fields.last().contains(separator));
+    }
+    FUZZ_CHECK(fields.join(separator) == whole);
+}
+
+// Str writes plain decimal digits that Val reads back exactly, also behind leading blanks and
+// ahead of the words of a count label.
+void numbersSurviveTheirText(int number) {
+    const QString digits = Str(number);
+    const QString unsignedDigits = number < 0 ? digits.mid(1) : digits;
+    FUZZ_CHECK(!unsignedDigits.isEmpty());
+    FUZZ_CHECK(unsignedDigits == QLatin1String("0") || unsignedDigits[0] != u'0');
+    for (QChar c : unsignedDigits) FUZZ_CHECK(c >= u'0' && c <= u'9');
+    FUZZ_CHECK((number < 0) == digits.startsWith(u'-'));
+
+    FUZZ_CHECK(Val(digits) == number);
+    FUZZ_CHECK(truncateToInt(Val(digits)) == number);
+    FUZZ_CHECK(Val(" \t " + digits + " images") == number);
+}
+
+// Leading blanks and a trailing word change nothing about the leading number.
+void valReadsOnlyTheLead(const QString& anyText) {
+    const double value = Val(anyText);
+    FUZZ_CHECK(!std::isnan(value));
+    const double blanked = Val("  " + anyText);
+    FUZZ_CHECK(blanked == value);
+    FUZZ_CHECK(Val(anyText + " images") == Val(anyText + " "));
+}
+
+// Truncation goes toward zero, never moves a number by a whole unit or more inside the int
+// range, keeps the order of two numbers, and never leaves the int range (or hits undefined
+// behaviour on the way for NaN, infinities and huge values).
+void truncationStaysInRange(double a, double b) {
+    const int ta = truncateToInt(a);
+    const int tb = truncateToInt(b);
+    if (std::isnan(a)) {
+        FUZZ_CHECK(ta == 0);
+        return;
+    }
+    FUZZ_CHECK(std::fabs(static_cast<double>(ta)) <= std::fabs(a));
+    FUZZ_CHECK(ta == 0 || (ta < 0) == (a < 0));
+    if (a > std::numeric_limits<int>::min() - 1.0 && a < std::numeric_limits<int>::max() + 1.0)
+        FUZZ_CHECK(std::fabs(a - ta) < 1.0);
+    if (!std::isnan(b) && a <= b) FUZZ_CHECK(ta <= tb);
+}
+
+double doubleFrom(FuzzInput& input) {
+    std::uint64_t bits = 0;
+    for (int i = 0; i < 8; ++i) bits = bits << 8 | input.byte();
+    double value;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzInput input(data, size);
+    const int number = input.wholeInt();
+    const double a = doubleFrom(input);
+    const double b = doubleFrom(input);
+    // Chr makes one UTF-16 unit; codes beyond are outside what it is for.
+    const int code = static_cast<int>(static_cast<unsigned>(input.wholeInt()) % 0x10000);
+    // Mostly the separators the program splits at, or a doubled one, whose runs could be split
+    // in more than one way; now and then any text at all.
+    const QString separators[] = {",", ".", ".."};
+    const std::uint8_t choice = input.byte() % 4;
+    const QString separator = choice < 3 ? separators[choice] : input.text();
+    const QString whole = input.text();
+
+    fieldsRebuildTheText(whole, separator);
+    numbersSurviveTheirText(number);
+    valReadsOnlyTheLead(whole);
+    truncationStaysInRange(a, b);
+
+    const QString character = Chr(code);
+    FUZZ_CHECK(character.size() == 1 && character[0].unicode() == code);
+    return 0;
+}
