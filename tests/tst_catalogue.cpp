@@ -82,6 +82,8 @@ private slots:
         catalogue.setListIndex(1);
         QCOMPARE(catalogue.ListIndex(), 1);
         QCOMPARE(catalogue.Text(), QString("b"));
+        // The list's keys go on from the row the program selected.
+        QCOMPARE(catalogue.selectionModel()->currentIndex().row(), 1);
         catalogue.setListIndex(1);
         QCOMPARE(change.count(), 2);
 
@@ -92,6 +94,9 @@ private slots:
         QCOMPARE(catalogue.ListIndex(), 1);
         QVERIFY(catalogue.Selected(2));
         QVERIFY(!catalogue.Selected(0));
+        catalogue.selectionModel()->select(catalogue.index(0, 0),
+                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QCOMPARE(catalogue.ListIndex(), 0);  // first in row order, not in the order of picking
 
         catalogue.setListIndex(3);
         QCOMPARE(catalogue.ListIndex(), -1);
@@ -104,7 +109,10 @@ private slots:
         ImageCatalogue catalogue;
         fill(catalogue, {"a", "b", "c", "d"});
         QCOMPARE(catalogue.LastIndex(), 3);
+        catalogue.setListIndex(3);
+        QSignalSpy change(&catalogue, &ImageCatalogue::Change);
         catalogue.RemoveRow(3);
+        QCOMPARE(change.count(), 0);  // the selection went with its row; nobody chose anew
         QCOMPARE(catalogue.LastIndex(), 2);
         catalogue.RemoveRow(0);
         QCOMPARE(catalogue.LastIndex(), 1);

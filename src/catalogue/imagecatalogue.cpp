@@ -1,6 +1,7 @@
 #include "catalogue/imagecatalogue.h"
 
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <vector>
 
@@ -15,7 +16,7 @@ const QStringList kHeadings = {QStringLiteral("Picture name"), QStringLiteral("O
 
 ImageCatalogue::ImageCatalogue(QObject* parent) : QAbstractTableModel(parent), selection_(this) {
     connect(&selection_, &QItemSelectionModel::selectionChanged, this, [this] {
-        if (!notifyingFromSetter_) emit Change();
+        if (!holdChange_) emit Change();
     });
 }
 
@@ -42,23 +43,31 @@ void ImageCatalogue::setCell(int row, int column, const QString& text) {
 }
 
 int ImageCatalogue::ListIndex() const {
-    int first = -1;
-    for (const QModelIndex& selected : selection_.selectedRows()) {
-        if (first < 0 || selected.row() < first) first = selected.row();
+    // Asked at every selection change: walking the selected ranges from the top stays cheap when
+    // thousands of rows are selected, where listing every selected row would not.
+    QItemSelection ranges = selection_.selection();
+    std::sort(ranges.begin(), ranges.end(),
+              [](const QItemSelectionRange& a, const QItemSelectionRange& b) {
+                  return a.top() < b.top();
+              });
+    for (const QItemSelectionRange& range : ranges) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            if (selection_.isRowSelected(row, {})) return row;
     }
-    return first;
+    return -1;
 }
 
 void ImageCatalogue::setListIndex(int row) {
-    notifyingFromSetter_ = true;
-    if (row >= 0 && row < ListCount()) {
-        selection_.select(index(row, 0), QItemSelectionModel::ClearAndSelect |
-                                             QItemSelectionModel::Rows |
-                                             QItemSelectionModel::Current);
-    } else {
-        selection_.clearSelection();
+    {
+        const QScopedValueRollback quiet(holdChange_, true);
+        // The row becomes the current one too, so that the arrow keys go on from it.
+        if (row >= 0 && row < ListCount()) {
+            selection_.setCurrentIndex(
+                index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        } else {
+            selection_.clear();
+        }
     }
-    notifyingFromSetter_ = false;
     emit Change();
 }
 
@@ -80,6 +89,9 @@ void ImageCatalogue::setText(const QString& text) {
 
 void ImageCatalogue::RemoveRow(int row) {
     if (row < 0 || row >= ListCount()) return;
+    // A removed row leaves the selection without anyone choosing: no Change, or every row taken
+    // out would load a preview on its way.
+    const QScopedValueRollback quiet(holdChange_, true);
     beginRemoveRows({}, row, row);
     rows_.removeAt(row);
     endRemoveRows();

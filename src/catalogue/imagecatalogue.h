@@ -27,14 +27,15 @@ public:
     int LastIndex() const { return lastIndex_; }
     // The first selected row, or -1.
     int ListIndex() const;
-    // Makes `row` the only selected row, or selects nothing when `row` names no row, and runs
-    // Change before returning, also when the selection was already that row.
+    // Makes `row` the only selected row and the current one, or selects nothing when `row` names
+    // no row, and runs Change before returning, also when the selection was already that row.
     void setListIndex(int row);
     int SelCount() const;
     bool Selected(int row) const;
     // The first cell of the selected row; writing without a selection does nothing.
     QString Text() const;
     void setText(const QString& text);
+    // Removes the row; a selection that goes with it raises no Change.
     void RemoveRow(int row);
     void DeleteAllRows();
 
@@ -83,7 +84,8 @@ private:
     QList<CatalogueRow> rows_;
     int lastIndex_ = -1;
     QItemSelectionModel selection_;
-    bool notifyingFromSetter_ = false;
+    // Set while the catalogue itself changes the selection and notifies on its own terms.
+    bool holdChange_ = false;
     QString countText_ = QStringLiteral("0 images");
     QString progressText_;
     QString renameFlag_ = QStringLiteral("no");
