@@ -1,0 +1,193 @@
+#include <QBuffer>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+#include "mainwindow/windowmain.h"
+#include "resources/namedpictures.h"
+#include "support/photolike.h"
+#include "support/testenvironment.h"
+
+namespace {
+constexpr int kImages = 10000;
+
+// Drags `folder` onto `target` and drops it there, as a file manager does.
+void dropOn(QWidget* target, const QString& folder) {
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(folder)});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
+                          Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &drop);
+}
+
+QStringList sorted(QStringList names) {
+    names.sort();
+    return names;
+}
+}  // namespace
+
+// A folder of 10,000 small images goes the whole way through the main window: dropped, stepped
+// through with the arrow keys, written as a page, and taken out again with "-".
+class LargeFolderTest : public QObject {
+    Q_OBJECT
+    QTemporaryDir dir;
+    QString folder = dir.filePath("Ten thousand");
+    QStringList written;
+    WindowMain* window = nullptr;
+    ImageCatalogue* catalogue = nullptr;
+    QWidget* list = nullptr;
+    RecordingDialogs& dialogs = TestEnvironment::dialogs();
+
+    QString text(const char* name) const {
+        if (auto* field = window->findChild<QLineEdit*>(name)) return field->text();
+        return window->findChild<QLabel*>(name)->text();
+    }
+    QStringList originalNames() const {
+        QStringList names;
+        for (int row = 0; row < catalogue->ListCount(); ++row) names << catalogue->Cell(row, 1);
+        return names;
+    }
+    void press(Qt::Key key, int times) {
+        for (int i = 0; i < times; ++i) QTest::keyClick(list, key);
+    }
+    void removeSelectedRows() {
+        dialogs.answers.enqueue(kAnswerYes);
+        window->findChild<QPushButton*>("clearBtn1")->click();
+        QVERIFY(dialogs.answers.isEmpty());
+        QCoreApplication::processEvents();  // the preview's layout step
+    }
+
+private slots:
+    void initTestCase() {
+        // One picture, encoded once, under names of several kinds: blanks, accents, both cases of
+        // the extension, numbers that sort by value.
+        QBuffer png;
+        png.open(QIODevice::WriteOnly);
+        QVERIFY(photoLike(QSize(16, 12), 5).save(&png, "PNG"));
+        QVERIFY(QDir().mkpath(folder));
+        const QStringList prefixes = {"IMG_", "beach ", "Dune-", "été_"};
+        for (int i = 0; i < kImages; ++i) {
+            written << prefixes[i % prefixes.size()] + QString::number(i) +
+                           (i % 3 ? ".png" : ".PNG");
+            QFile file(QDir(folder).filePath(written.last()));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(png.data());
+        }
+        App::instance()->start();
+        window = App::instance()->windowMain();
+        catalogue = &window->catalogue();
+        list = window->findChild<QWidget*>("Listbox1");
+    }
+
+    void everyImageOfTheDroppedFolderGetsARow() {
+        dropOn(window, folder);
+        QCOMPARE(catalogue->ListCount(), kImages);
+        QCOMPARE(text("imgCount"), QString("10000 images"));
+        QCOMPARE(catalogue->ListIndex(), 0);
+        QCOMPARE(catalogue->SelCount(), 1);
+        QCOMPARE(sorted(originalNames()), sorted(written));
+        for (int row = 0; row < kImages; ++row) {
+            if (catalogue->Cell(row, 4) != "16" || catalogue->Cell(row, 5) != "12")
+                QFAIL(qPrintable(QString("row %1 has the wrong size").arg(row)));
+        }
+        QCOMPARE(text("galleryPath"), folder + "/");
+    }
+
+    void theArrowKeysStepOnFromTheSelectedRow() {
+        press(Qt::Key_Down, 3);
+        QCOMPARE(catalogue->ListIndex(), 3);
+        QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "Row three");
+        press(Qt::Key_Down, 997);
+        QCOMPARE(catalogue->ListIndex(), 1000);
+        QCOMPARE(catalogue->SelCount(), 1);
+        QCOMPARE(text("imgCaption"), QString());
+        QCOMPARE(App::instance()->opf, catalogue->Cell(1000, 2));
+        press(Qt::Key_Up, 997);
+        QCOMPARE(catalogue->ListIndex(), 3);
+        QCOMPARE(text("imgCaption"), QString("Row three"));
+    }
+
+    void thePageHoldsASlideForEveryRowInOrder() {
+        window->findChild<QPushButton*>("BevelButton1")->click();
+        const QString page = folder + "/index.html";
+        QCOMPARE(TestEnvironment::desktop().launched, QStringList{page});
+        QFile file(page);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString html = QString::fromUtf8(file.readAll());
+
+        QCOMPARE(html.count("<li data-target='#simpleCarousel' data-slide-to='"), kImages);
+        QVERIFY(html.contains("data-slide-to='9999'></li>"));
+        QCOMPARE(html.count("<div class='carousel-item"), kImages);
+        QStringList sources;
+        for (const QRegularExpressionMatch& match :
+             QRegularExpression("<img src='([^']*)'").globalMatch(html))
+            sources << match.captured(1);
+        QCOMPARE(sources, originalNames());
+        QVERIFY(html.contains("<img src='" + catalogue->Cell(3, 1) +
+                              "' class='d-block w-100' alt=''>\n\t<div class='carousel-caption "
+                              "d-none d-md-block' style='color:White'><h5>Row three</h5></div>"));
+    }
+
+    void removingEveryRowLeavesAnEmptyListAndNoPreview() {
+        QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(catalogue->SelCount(), kImages);
+        QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "First of all");
+        const QString info = text("info");
+        removeSelectedRows();
+        QCOMPARE(
+            dialogs.questions.last().text,
+            QString("Clear\n\nAre you sure to remove the 10000 selected images from the list?"));
+        QCOMPARE(catalogue->ListCount(), 0);
+        QCOMPARE(catalogue->ListIndex(), -1);
+        QCOMPARE(text("imgCount"), QString("0 images"));
+        QCOMPARE(text("info"), info);
+        QCOMPARE(text("imgCaption"), QString("First of all"));
+        QCOMPARE(text("galleryPath"), folder + "/");
+        QVERIFY(App::instance()->opf.isEmpty());
+        QCOMPARE(App::instance()->op, pictures::hubble());
+        // Only the list lost them.
+        QCOMPARE(QDir(folder).entryList({"*.png", "*.PNG"}, QDir::Files).size(), kImages);
+    }
+
+    void removingBlocksAndSingleRowsKeepsTheRestInOrder() {
+        dropOn(window, folder);
+        QCOMPARE(catalogue->ListCount(), kImages);
+        QCOMPARE(catalogue->ListIndex(), 0);
+        const QStringList before = originalNames();
+        // Two blocks picked with Shift, and every tenth row between them with Ctrl.
+        const auto isPicked = [](int row) { return row < 2500 || row >= 7500 || row % 10 == 0; };
+        QItemSelection picked;
+        picked.select(catalogue->index(0, 0), catalogue->index(2499, 5));
+        for (int row = 2500; row < 7500; row += 10)
+            picked.select(catalogue->index(row, 0), catalogue->index(row, 5));
+        picked.select(catalogue->index(7500, 0), catalogue->index(kImages - 1, 5));
+        catalogue->selectionModel()->select(picked, QItemSelectionModel::ClearAndSelect);
+        QCOMPARE(catalogue->SelCount(), 5500);
+
+        removeSelectedRows();
+        QCOMPARE(
+            dialogs.questions.last().text,
+            QString("Clear\n\nAre you sure to remove the 5500 selected images from the list?"));
+        QStringList kept;
+        for (int row = 0; row < kImages; ++row)
+            if (!isPicked(row)) kept << before[row];
+        QCOMPARE(originalNames(), kept);
+        QCOMPARE(text("imgCount"), QString("4500 images"));
+        QCOMPARE(catalogue->SelCount(), 1);
+        QVERIFY(catalogue->ListIndex() >= 0 && catalogue->ListIndex() < 4500);
+        QVERIFY(App::instance()->opf.isEmpty());
+        QCOMPARE(App::instance()->op, pictures::hubble());
+    }
+};
+
+VELMORA_TEST_MAIN(LargeFolderTest)
+#include "tst_largefolder.moc"
