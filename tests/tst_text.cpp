@@ -56,6 +56,8 @@ private slots:
         QCOMPARE(Str(1234567), QString("1234567"));
         QCOMPARE(Chr(13), QString("\r"));
         QCOMPARE(Chr(9), QString("\t"));
+        QCOMPARE(Chr(0x1F305), QString("🌅"));
+        QCOMPARE(Chr(-1), QString(QChar::ReplacementCharacter));
     }
 };
 

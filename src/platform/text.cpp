@@ -85,7 +85,10 @@ int CountFields(const QString& text, const QString& separator) {
 }
 
 QString Chr(int code) {
-    return QString(QChar(code));
+    // Any code point, the ones beyond 16 bits included; a number that names none gives U+FFFD.
+    if (code < 0 || code > 0x10FFFF) return QString(QChar::ReplacementCharacter);
+    const char32_t point = static_cast<char32_t>(code);
+    return QString::fromUcs4(&point, 1);
 }
 
 }  // namespace text

@@ -24,7 +24,7 @@ QString NthField(const QString& text, const QString& separator, int index);
 // without the separator.
 int CountFields(const QString& text, const QString& separator);
 
-// One character of the given code: Chr(9) a TAB, Chr(13) a carriage return.
+// The character of the given code point: Chr(9) a TAB, Chr(13) a carriage return.
 QString Chr(int code);
 
 // The line ending of text files written by the program.
