@@ -87,6 +87,7 @@ int CountFields(const QString& text, const QString& separator) {
 QString Chr(int code) {
     // Any code point, the ones beyond 16 bits included; a number that names none gives U+FFFD.
     if (code < 0 || code > 0x10FFFF) return QString(QChar::ReplacementCharacter);
+    if (code <= 0xFFFF) return QString(QChar(static_cast<char16_t>(code)));
     const char32_t point = static_cast<char32_t>(code);
     return QString::fromUcs4(&point, 1);
 }

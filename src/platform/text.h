@@ -24,7 +24,8 @@ QString NthField(const QString& text, const QString& separator, int index);
 // without the separator.
 int CountFields(const QString& text, const QString& separator);
 
-// The character of the given code point: Chr(9) a TAB, Chr(13) a carriage return.
+// The character of the given code point: Chr(9) a TAB, Chr(13) a carriage return; U+FFFD for
+// a number that is no code point.
 QString Chr(int code);
 
 // The line ending of text files written by the program.

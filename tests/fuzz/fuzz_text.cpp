@@ -90,8 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int number = input.wholeInt();
     const double a = doubleFrom(input);
     const double b = doubleFrom(input);
-    // Chr makes one UTF-16 unit; codes beyond are outside what it is for.
-    const int code = static_cast<int>(static_cast<unsigned>(input.wholeInt()) % 0x10000);
+    const int code = input.wholeInt();
     // Mostly the separators the program splits at, or a doubled one, whose runs could be split
     // in more than one way; now and then any text at all.
     const QString separators[] = {",", ".", ".."};
@@ -104,7 +103,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     valReadsOnlyTheLead(whole);
     truncationStaysInRange(a, b);
 
+    // Chr gives the code point itself, one UTF-16 unit below 0x10000 and a surrogate pair above,
+    // and U+FFFD for a number that is no code point.
     const QString character = Chr(code);
-    FUZZ_CHECK(character.size() == 1 && character[0].unicode() == code);
+    if (code < 0 || code > 0x10FFFF)
+        FUZZ_CHECK(character == QString(QChar::ReplacementCharacter));
+    else if (code <= 0xFFFF)
+        FUZZ_CHECK(character.size() == 1 && character[0].unicode() == code);
+    else
+        FUZZ_CHECK(character.size() == 2 && character.toUcs4() == QList<uint>{uint(code)});
     return 0;
 }
