@@ -103,6 +103,7 @@ private slots:
     }
 
     void theArrowKeysStepOnFromTheSelectedRow() {
+        QCoreApplication::processEvents();  // the drop is over
         press(Qt::Key_Down, 3);
         QCOMPARE(catalogue->ListIndex(), 3);
         QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "Row three");
@@ -141,7 +142,6 @@ private slots:
         QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(catalogue->SelCount(), kImages);
         QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "First of all");
-        const QString info = text("info");
         removeSelectedRows();
         QCOMPARE(
             dialogs.questions.last().text,
@@ -149,7 +149,8 @@ private slots:
         QCOMPARE(catalogue->ListCount(), 0);
         QCOMPARE(catalogue->ListIndex(), -1);
         QCOMPARE(text("imgCount"), QString("0 images"));
-        QCOMPARE(text("info"), info);
+        // The next paint brings back the placeholder and its start text.
+        QVERIFY(text("info").startsWith("To start, simply Drag and Drag  a folder"));
         QCOMPARE(text("imgCaption"), QString("First of all"));
         QCOMPARE(text("galleryPath"), folder + "/");
         QVERIFY(App::instance()->opf.isEmpty());

@@ -3,6 +3,7 @@
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/text.h"
@@ -60,15 +61,32 @@ int ImageCatalogue::ListIndex() const {
 void ImageCatalogue::setListIndex(int row) {
     {
         const QScopedValueRollback quiet(holdChange_, true);
-        // The row becomes the current one too, so that the arrow keys go on from it.
         if (row >= 0 && row < ListCount()) {
-            selection_.setCurrentIndex(
-                index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            selection_.select(index(row, 0),
+                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         } else {
             selection_.clear();
         }
     }
+    makeCurrentSoon(row >= 0 && row < ListCount() ? index(row, 0) : QModelIndex());
     emit Change();
+}
+
+void ImageCatalogue::makeCurrentSoon(const QModelIndex& row) {
+    // The arrow keys go on from the current row. Moving it scrolls the list to it, which a walk
+    // that selects each of thousands of new rows would pay every time, so only the last row asked
+    // for becomes current, once the work at hand is done.
+    const bool queued = pendingCurrent_.has_value();
+    pendingCurrent_ = QPersistentModelIndex(row);
+    if (queued) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            const QPersistentModelIndex row = *std::exchange(pendingCurrent_, std::nullopt);
+            if (row.isValid() && selection_.isRowSelected(row.row(), {}))
+                selection_.setCurrentIndex(row, QItemSelectionModel::NoUpdate);
+        },
+        Qt::QueuedConnection);
 }
 
 int ImageCatalogue::SelCount() const {

@@ -4,6 +4,7 @@
 #include <QItemSelectionModel>
 #include <QList>
 #include <QString>
+#include <optional>
 
 #include "catalogue/cataloguerow.h"
 
@@ -27,8 +28,9 @@ public:
     int LastIndex() const { return lastIndex_; }
     // The first selected row, or -1.
     int ListIndex() const;
-    // Makes `row` the only selected row and the current one, or selects nothing when `row` names
-    // no row, and runs Change before returning, also when the selection was already that row.
+    // Makes `row` the only selected row, and soon the current one, or selects nothing when `row`
+    // names no row, and runs Change before returning, also when the selection was already that
+    // row.
     void setListIndex(int row);
     int SelCount() const;
     bool Selected(int row) const;
@@ -80,12 +82,14 @@ signals:
 
 private:
     void clampLastIndex();
+    void makeCurrentSoon(const QModelIndex& row);
 
     QList<CatalogueRow> rows_;
     int lastIndex_ = -1;
     QItemSelectionModel selection_;
     // Set while the catalogue itself changes the selection and notifies on its own terms.
     bool holdChange_ = false;
+    std::optional<QPersistentModelIndex> pendingCurrent_;
     QString countText_ = QStringLiteral("0 images");
     QString progressText_;
     QString renameFlag_ = QStringLiteral("no");
