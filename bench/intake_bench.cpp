@@ -7,10 +7,8 @@
 #include <sys/resource.h>
 
 #include <QDir>
-#include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QMimeData>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -20,6 +18,7 @@
 
 #include "app/app.h"
 #include "mainwindow/windowmain.h"
+#include "support/dropfiles.h"
 #include "support/photolike.h"
 
 namespace {
@@ -69,15 +68,9 @@ double drop(const QString& folder, int expectedRows) {
     window.Event_Open();
     window.show();
     QCoreApplication::processEvents();
-    QMimeData dragged;
-    dragged.setUrls({QUrl::fromLocalFile(folder)});
-    QDragEnterEvent enter(QPoint(400, 300), Qt::CopyAction, &dragged, Qt::LeftButton,
-                          Qt::NoModifier);
-    QDropEvent dropped(QPointF(400, 300), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QElapsedTimer timer;
     timer.start();
-    QCoreApplication::sendEvent(&window, &enter);
-    QCoreApplication::sendEvent(&window, &dropped);
+    dropOn(&window, {QUrl::fromLocalFile(folder)});
     const double elapsed = timer.nsecsElapsed() / 1e6;
     if (window.catalogue().ListCount() != expectedRows)
         std::printf("  (expected %d rows, got %d)\n", expectedRows, window.catalogue().ListCount());

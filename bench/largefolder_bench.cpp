@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QMimeData>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -18,6 +17,7 @@
 #include <map>
 
 #include "mainwindow/windowmain.h"
+#include "support/dropfiles.h"
 #include "support/photolike.h"
 #include "support/testenvironment.h"
 
@@ -92,13 +92,8 @@ QList<double> runSteps(const QString& folder, int count) {
     QCoreApplication::processEvents();
     QList<double> times(StepCount);
 
-    QMimeData dragged;
-    dragged.setUrls({QUrl::fromLocalFile(folder)});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     times[Intake] = milliseconds([&] {
-        QCoreApplication::sendEvent(window, &enter);
-        QCoreApplication::sendEvent(window, &drop);
+        dropOn(window, {QUrl::fromLocalFile(folder)});
         QCoreApplication::processEvents();
     });
     if (catalogue.ListCount() != count)

@@ -2,7 +2,6 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -10,6 +9,7 @@
 #include "auxwindows/windowprogess.h"
 #include "mainwindow/windowmain.h"
 #include "platform/sharedwindow.h"
+#include "support/dropfiles.h"
 #include "support/testenvironment.h"
 
 namespace {
@@ -27,20 +27,6 @@ void writeFile(const QString& path, const QByteArray& content) {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(content);
-}
-
-// Drags `urls` onto `target` and drops them there, as a file manager does: with the names as
-// plain text too.
-void dropOn(QWidget* target, const QList<QUrl>& urls) {
-    QMimeData dragged;
-    dragged.setUrls(urls);
-    dragged.setText(urls.first().toString());
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
-                          Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &enter);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
-                    Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &drop);
 }
 
 // Counts how often the progress window comes on screen.

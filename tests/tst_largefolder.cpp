@@ -2,7 +2,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -11,23 +10,12 @@
 
 #include "mainwindow/windowmain.h"
 #include "resources/namedpictures.h"
+#include "support/dropfiles.h"
 #include "support/photolike.h"
 #include "support/testenvironment.h"
 
 namespace {
 constexpr int kImages = 10000;
-
-// Drags `folder` onto `target` and drops it there, as a file manager does.
-void dropOn(QWidget* target, const QString& folder) {
-    QMimeData dragged;
-    dragged.setUrls({QUrl::fromLocalFile(folder)});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
-                          Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &enter);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
-                    Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &drop);
-}
 
 QStringList sorted(QStringList names) {
     names.sort();
@@ -89,7 +77,7 @@ private slots:
     }
 
     void everyImageOfTheDroppedFolderGetsARow() {
-        dropOn(window, folder);
+        dropOn(window, {QUrl::fromLocalFile(folder)});
         QCOMPARE(catalogue->ListCount(), kImages);
         QCOMPARE(text("imgCount"), QString("10000 images"));
         QCOMPARE(catalogue->ListIndex(), 0);
@@ -160,7 +148,7 @@ private slots:
     }
 
     void removingBlocksAndSingleRowsKeepsTheRestInOrder() {
-        dropOn(window, folder);
+        dropOn(window, {QUrl::fromLocalFile(folder)});
         QCOMPARE(catalogue->ListCount(), kImages);
         QCOMPARE(catalogue->ListIndex(), 0);
         const QStringList before = originalNames();
