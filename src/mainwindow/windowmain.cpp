@@ -10,15 +10,15 @@
 #include <QUrl>
 
 #include "app/app.h"
-#include "platform/designfonts.h"
 #include "auxwindows/velmorahelp.h"
 #include "auxwindows/windowprogess.h"
 #include "catalogue/filetypes.h"
+#include "catalogue/folderitems.h"
 #include "catalogue/stripextension.h"
 #include "mainwindow/colournames.h"
-#include "catalogue/folderitems.h"
 #include "mainwindow/mainmenubar.h"
 #include "mainwindow/ui_windowmain.h"
+#include "platform/designfonts.h"
 #include "platform/dialogs.h"
 #include "platform/sharedwindow.h"
 #include "platform/text.h"
@@ -228,9 +228,12 @@ bool WindowMain::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WindowMain::Event_DropObject(const QMimeData* dragged) {
+    takeFolder(firstDraggedItem(dragged));
+}
+
+void WindowMain::takeFolder(const QString& item) {
     WindowProgess* progress = sharedInstance<WindowProgess>();
     progress->Show();
-    const QString item = firstDraggedItem(dragged);
     if (!item.isEmpty()) older(item);
     progress->Hide();
 }

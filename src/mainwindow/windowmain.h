@@ -33,6 +33,9 @@ public:
 
     // Takes a drop: only the first dragged item counts, when it is a local file or folder.
     void Event_DropObject(const QMimeData* dragged);
+    // The road of every folder the user hands over, by a drop or otherwise: the progress
+    // window shows while `item` is walked.
+    void takeFolder(const QString& item);
     // Adds a row for every item directly in `folder` that opens as a picture, then selects the
     // first row and makes `folder` the gallery's folder.
     void older(const QString& folder);
