@@ -4,6 +4,7 @@
 #include <QSaveFile>
 
 #include "page/htmlwindow.h"
+#include "page/pagetext.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/text.h"
@@ -38,6 +39,14 @@ QString cellOf(const QList<CatalogueRow>& rows, int row, int column) {
     return row >= 0 && row < rows.size() ? rows[row].cell(column) : QString();
 }
 
+QString addressOf(const QList<CatalogueRow>& rows, int row) {
+    return pageText::addressOfFileName(cellOf(rows, row, 1));
+}
+
+QString captionOf(const QList<CatalogueRow>& rows, int row) {
+    return pageText::escaped(cellOf(rows, row, CatalogueRow::kCaptionCell));
+}
+
 }  // namespace
 
 bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const QString& countText,
@@ -50,15 +59,15 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
     PageStream out(device);
 
     out.WriteBlock(htmlWindow::head01());
-    out.WriteLine("<title>" + settings.galleryHTMLtitle + "</title>");
+    out.WriteLine("<title>" + pageText::escaped(settings.galleryHTMLtitle) + "</title>");
     out.WriteBlock(htmlWindow::head02());
     out.WriteLine("<body style='background-color:" + bgColor + ";'>");
     if (!settings.fullPageWidth) out.WriteLine("<div class='container'>");
     out.WriteLine(" <div style='text-align:center'>");
     out.WriteLine(TAB + "<h1 class='display-4' style='color:" + textColor + ";'>" +
-                  settings.galleryTitle + "</h1>");
+                  pageText::escaped(settings.galleryTitle) + "</h1>");
     out.WriteLine(TAB + "<p class='h4' style='color:" + textColor + ";'>" +
-                  settings.gallerySubTitle + "</p>");
+                  pageText::escaped(settings.gallerySubTitle) + "</p>");
     out.WriteLine("</div>");
     out.WriteLine();
     out.WriteLine();
@@ -76,20 +85,18 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
     out.WriteLine(TAB + "<div class='carousel-item active' data-interval='4000'>");
     out.WriteLine(TAB + TAB + "<div class='carousel-caption d-none d-md-block' style='color:" +
                   bgColor + "'><h5>" + "0" + "</h5></div>");
-    out.WriteLine(TAB + TAB + "<img src='" + cellOf(rows, 0, 1) +
+    out.WriteLine(TAB + TAB + "<img src='" + addressOf(rows, 0) +
                   "' class='d-block w-100' alt=''>");
-    out.WriteLine(TAB + TAB +
-                  "<div class='carousel-caption d-none d-md-block' style='color:" + captionColor +
-                  "'><h5>" + cellOf(rows, 0, CatalogueRow::kCaptionCell) + "</h5></div>");
+    out.WriteLine(TAB + TAB + "<div class='carousel-caption d-none d-md-block' style='color:" +
+                  captionColor + "'><h5>" + captionOf(rows, 0) + "</h5></div>");
     out.WriteLine(TAB + "</div>");
     out.WriteLine();
 
     for (int i = 1; i < imageTotal; ++i) {
         out.WriteLine("<div class='carousel-item' data-interval='4000'>");
-        out.WriteLine(TAB + "<img src='" + cellOf(rows, i, 1) + "' class='d-block w-100' alt=''>");
-        out.WriteLine(
-            TAB + "<div class='carousel-caption d-none d-md-block' style='color:" + captionColor +
-            "'><h5>" + cellOf(rows, i, CatalogueRow::kCaptionCell) + "</h5></div>");
+        out.WriteLine(TAB + "<img src='" + addressOf(rows, i) + "' class='d-block w-100' alt=''>");
+        out.WriteLine(TAB + "<div class='carousel-caption d-none d-md-block' style='color:" +
+                      captionColor + "'><h5>" + captionOf(rows, i) + "</h5></div>");
         out.WriteLine("</div>");
         out.WriteLine();
     }

@@ -12,8 +12,9 @@ class QIODevice;
 class QSaveFile;
 
 // Writes the gallery page for `rows` to `device` as UTF-8 with LF line ends. The number of
-// slides is the leading number of `countText`, as the list's count label shows it; nothing
-// that goes into the page is escaped. Returns false when the device refused a write.
+// slides is the leading number of `countText`, as the list's count label shows it. Titles and
+// captions go in as text, file names as addresses (see pageText). Returns false when the device
+// refused a write.
 bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const QString& countText,
                       const QList<CatalogueRow>& rows);
 

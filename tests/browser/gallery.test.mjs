@@ -61,8 +61,6 @@ const images = gallery.images;
 const colours = gallery.colours;
 const onlyAt = (index) => images.map((_, i) => i === index);
 // Captions go into the page as markup, so the visitor reads them without their tags.
-const shownText = (markup) => markup.replace(/<[^>]*>/g, '');
-
 let context;
 let profileDir;
 
@@ -244,7 +242,7 @@ for (const { file, fullWidth } of gallery.pages) {
               shown: onlyAt(slide),
               indicators: onlyAt(slide),
               caption: {
-                text: shownText(images[slide].caption),
+                text: images[slide].caption,
                 colour: colours.captions.rgb,
                 visible: true,
               },

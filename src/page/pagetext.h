@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// How what the user typed and the names of the files get into the page and back out of it.
+namespace pageText {
+
+// A text for the page's content: `&`, `<` and `>` become character references, so that the page
+// shows what was typed and nothing typed can change the page's structure.
+QString escaped(const QString& text);
+// The text a browser shows for page content: character references (named ones for the characters
+// above and quotes, decimal and hexadecimal ones) become their characters again.
+QString unescaped(const QString& html);
+
+// A file name as a relative address: every character a browser would not read back as the same
+// name is percent-encoded as UTF-8; letters of every script, inner blanks and ordinary punctuation
+// stay as they are.
+QString addressOfFileName(const QString& name);
+// The same for a name as the file system holds it; bytes that are not well-formed UTF-8 are
+// percent-encoded one by one, so that a browser still asks for exactly those bytes.
+QString addressOfFileBytes(const QByteArray& name);
+// The file name, or its bytes, that an address written by the functions above stands for.
+QString fileNameOfAddress(const QString& address);
+QByteArray fileBytesOfAddress(const QString& address);
+
+}  // namespace pageText
