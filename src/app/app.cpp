@@ -3,8 +3,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFileOpenEvent>
+#include <QIcon>
+#include <QTimer>
 #include <exception>
+#include <iostream>
 
+#include "app/identity.h"
 #include "catalogue/filetypes.h"
 #include "catalogue/stripextension.h"
 #include "mainwindow/mainmenubar.h"
@@ -13,6 +18,7 @@
 #include "platform/dialogs.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
+#include "resources/namedpictures.h"
 
 namespace {
 // Qt wants the file type set before the application object exists, as the start order has it.
@@ -25,6 +31,9 @@ int& initialiseFileTypes(int& argc) {
 App::App(int& argc, char** argv) : QApplication(initialiseFileTypes(argc), argv) {
     setApplicationName(QStringLiteral("Velmora"));
     setApplicationVersion(QStringLiteral("2.1"));
+    // Task bars and Wayland find the desktop entry, and with it the icon, by this name.
+    setDesktopFileName(QStringLiteral(VELMORA_APPLICATION_ID));
+    setWindowIcon(QIcon(pictures::pixmapOf(pictures::pebble512())));
     menuBar_ = new MainMenuBar(this);
     bindMenuHandlers();
     connect(this, &QCoreApplication::aboutToQuit, this, &App::Event_Close);
@@ -53,6 +62,25 @@ void App::start() {
     windowMain_ = new WindowMain;
     windowMain_->Event_Open();
     windowMain_->show();
+}
+
+void App::openFolder(const QString& path) {
+    if (!QFileInfo(path).isDir()) {
+        std::cerr << "velmora: cannot open \"" << path.toLocal8Bit().constData()
+                  << "\": not an existing folder" << std::endl;
+        return;
+    }
+    // Queued, so that the window is up before the walk, as it is for a drop. The page is written
+    // into the gallery folder, so it must not depend on the working folder.
+    QTimer::singleShot(0, this, [this, folder = QDir(path).absolutePath()] {
+        if (windowMain_) windowMain_->takeFolder(folder);
+    });
+}
+
+bool App::event(QEvent* event) {
+    if (event->type() != QEvent::FileOpen) return QApplication::event(event);
+    openFolder(static_cast<QFileOpenEvent*>(event)->file());
+    return true;
 }
 
 void App::Event_Open() {

@@ -23,6 +23,9 @@ public:
 
     // The rest of the start: Event_Open, then the main window, which fills its fields.
     void start();
+    // Takes `path` the road of a dropped folder once the main window is open. Anything but an
+    // existing folder is refused with a word on standard error, and the list stays as it is.
+    void openFolder(const QString& path);
 
     // Start, menu and stop events.
     void Event_Open();
@@ -62,6 +65,10 @@ public:
     int mainWinHeight = 0;
     int mainWinWidth = 0;
     QString shortName;
+
+protected:
+    // A folder dropped on the Dock icon or opened with the program arrives as a file open event.
+    bool event(QEvent* event) override;
 
 private:
     void bindMenuHandlers();
