@@ -7,6 +7,7 @@
 #include "auxwindows/owner.h"
 #include "auxwindows/windowabout.h"
 #include "auxwindows/windowabout2.h"
+#include "platform/readablecolour.h"
 #include "platform/sharedwindow.h"
 #include "support/testenvironment.h"
 
@@ -23,9 +24,6 @@ void leave(QWidget* widget) {
     QEvent event(QEvent::Leave);
     QCoreApplication::sendEvent(widget, &event);
 }
-QColor textColour(QWidget* label) {
-    return label->palette().color(QPalette::WindowText);
-}
 void deleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -33,6 +31,8 @@ void deleteClosedWindows() {
 
 class AboutWindowsTest : public QObject {
     Q_OBJECT
+    const QPalette light = QApplication::palette();
+
 private slots:
     void init() {
         TestEnvironment::desktop().clear();
@@ -41,23 +41,41 @@ private slots:
     void cleanup() {
         if (WindowAbout* about = existingInstance<WindowAbout>()) about->close();
         deleteClosedWindows();
+        QApplication::setPalette(light);
     }
 
+    void theSiteLinkTurnsRedInsideAndStaysBlueAfter_data() {
+        QTest::addColumn<QColor>("window");
+        QTest::newRow("light") << light.color(QPalette::Window);
+        QTest::newRow("dark") << QColor(40, 40, 40);
+    }
     void theSiteLinkTurnsRedInsideAndStaysBlueAfter() {
+        QFETCH(QColor, window);
+        cleanup();
+        QPalette palette = light;
+        palette.setColor(QPalette::Window, window);
+        QApplication::setPalette(palette);
+        App::instance()->_About_Action();
         WindowAbout* about = existingInstance<WindowAbout>();
         QCOMPARE(control<QLabel>(about, "Label3")->text(),
                  "v.2.1 - " + owner::maker + " - December 2020");
         QLabel* link = control<QLabel>(about, "Label4");
-        QCOMPARE(textColour(link), QColor(Qt::black));
+        // The design's colours on a light window; on a dark one, the same hues, readable.
+        const auto shows = [&](const QColor& design) {
+            const QColor shown = link->palette().color(QPalette::WindowText);
+            if (window == light.color(QPalette::Window)) return shown == design;
+            return contrastRatio(shown, window) >= 4.5 && shown.hue() == design.hue();
+        };
+        QVERIFY(shows(Qt::black));
         enter(link);
-        QCOMPARE(textColour(link), QColor(255, 0, 0));
+        QVERIFY(shows(QColor(255, 0, 0)));
         QCOMPARE(link->cursor().shape(), Qt::PointingHandCursor);
         leave(link);
-        QCOMPARE(textColour(link), QColor(0, 0, 255));
+        QVERIFY(shows(QColor(0, 0, 255)));
         QCOMPARE(link->cursor().shape(), Qt::ArrowCursor);
         enter(link);
         leave(link);
-        QCOMPARE(textColour(link), QColor(0, 0, 255));
+        QVERIFY(shows(QColor(0, 0, 255)));
         QTest::mouseClick(link, Qt::LeftButton);
         QCOMPARE(TestEnvironment::desktop().urls, QStringList{link->text()});
     }
@@ -80,8 +98,15 @@ private slots:
         QVERIFY(about->isVisible());
     }
 
-    void theLogoOpensOneLargeWindowThatAClickCloses() {
+    void theLogoMagnifiesAndOpensOneLargeWindowThatAClickCloses() {
         QWidget* logo = control(existingInstance<WindowAbout>(), "ImageWell1");
+        enter(logo);
+        QCOMPARE(logo->cursor().shape(), Qt::BitmapCursor);
+        QVERIFY(QRect(QPoint(), logo->cursor().pixmap().deviceIndependentSize().toSize())
+                    .contains(logo->cursor().hotSpot()));
+        leave(logo);
+        QCOMPARE(logo->cursor().shape(), Qt::ArrowCursor);
+
         QTest::mouseClick(logo, Qt::LeftButton);
         WindowAbout2* large = existingInstance<WindowAbout2>();
         QVERIFY(large && large->isVisible());
