@@ -5,10 +5,15 @@
 
 #include "app/app.h"
 #include "auxwindows/owner.h"
+#include "auxwindows/velmorahelp.h"
 #include "auxwindows/windowabout.h"
 #include "auxwindows/windowabout2.h"
+#include "auxwindows/windowprogess.h"
+#include "mainwindow/windowmain.h"
+#include "platform/narrowtofit.h"
 #include "platform/readablecolour.h"
 #include "platform/sharedwindow.h"
+#include "preferences/windowpreferences.h"
 #include "support/testenvironment.h"
 
 namespace {
@@ -27,6 +32,16 @@ void leave(QWidget* widget) {
 void deleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
+// Whether the text of `label` fits its box, as the label itself measures the room it takes.
+bool fits(const QLabel* label) {
+    if (label->wordWrap()) return label->heightForWidth(label->width()) <= label->height();
+    const QSize needed = label->sizeHint();
+    return needed.width() <= label->width() && needed.height() <= label->height();
+}
+WindowAbout* openAbout() {
+    App::instance()->_About_Action();
+    return existingInstance<WindowAbout>();
+}
 }  // namespace
 
 class AboutWindowsTest : public QObject {
@@ -34,10 +49,7 @@ class AboutWindowsTest : public QObject {
     const QPalette light = QApplication::palette();
 
 private slots:
-    void init() {
-        TestEnvironment::desktop().clear();
-        QVERIFY(App::instance()->_About_Action());
-    }
+    void init() { TestEnvironment::desktop().clear(); }
     void cleanup() {
         if (WindowAbout* about = existingInstance<WindowAbout>()) about->close();
         deleteClosedWindows();
@@ -51,15 +63,10 @@ private slots:
     }
     void theSiteLinkTurnsRedInsideAndStaysBlueAfter() {
         QFETCH(QColor, window);
-        cleanup();
         QPalette palette = light;
         palette.setColor(QPalette::Window, window);
         QApplication::setPalette(palette);
-        App::instance()->_About_Action();
-        WindowAbout* about = existingInstance<WindowAbout>();
-        QCOMPARE(control<QLabel>(about, "Label3")->text(),
-                 "v.2.1 - " + owner::maker + " - December 2020");
-        QLabel* link = control<QLabel>(about, "Label4");
+        QLabel* link = control<QLabel>(openAbout(), "Label4");
         // The design's colours on a light window; on a dark one, the same hues, readable.
         const auto shows = [&](const QColor& design) {
             const QColor shown = link->palette().color(QPalette::WindowText);
@@ -81,7 +88,7 @@ private slots:
     }
 
     void donatingHidesTheWindowBeforeTheBrowserOpens() {
-        WindowAbout* about = existingInstance<WindowAbout>();
+        WindowAbout* about = openAbout();
         bool visibleAtBrowser = true;
         TestEnvironment::desktop().onShowURL = [&](const QString&) {
             visibleAtBrowser = about->isVisible();
@@ -92,18 +99,18 @@ private slots:
         QVERIFY(!visibleAtBrowser);
         deleteClosedWindows();
         // Hidden, not closed: the next opening shows the same window.
-        QCOMPARE(existingInstance<WindowAbout>(), about);
-        App::instance()->_About_Action();
-        QCOMPARE(existingInstance<WindowAbout>(), about);
+        QCOMPARE(openAbout(), about);
         QVERIFY(about->isVisible());
     }
 
     void theLogoMagnifiesAndOpensOneLargeWindowThatAClickCloses() {
-        QWidget* logo = control(existingInstance<WindowAbout>(), "ImageWell1");
+        WindowAbout* about = openAbout();
+        QWidget* logo = control(about, "ImageWell1");
         enter(logo);
-        QCOMPARE(logo->cursor().shape(), Qt::BitmapCursor);
-        QVERIFY(QRect(QPoint(), logo->cursor().pixmap().deviceIndependentSize().toSize())
-                    .contains(logo->cursor().hotSpot()));
+        const QCursor magnifier = logo->cursor();
+        QCOMPARE(magnifier.shape(), Qt::BitmapCursor);
+        QVERIFY(QRect(QPoint(), magnifier.pixmap().deviceIndependentSize().toSize())
+                    .contains(magnifier.hotSpot()));
         leave(logo);
         QCOMPARE(logo->cursor().shape(), Qt::ArrowCursor);
 
@@ -111,16 +118,42 @@ private slots:
         WindowAbout2* large = existingInstance<WindowAbout2>();
         QVERIFY(large && large->isVisible());
         QTest::mouseClick(logo, Qt::LeftButton);
-        QCOMPARE(existingInstance<WindowAbout2>(), large);
-        QCOMPARE(existingInstance<WindowAbout>()->findChildren<WindowAbout2*>().size(), 1);
+        QCOMPARE(about->findChildren<WindowAbout2*>(), QList<WindowAbout2*>{large});
         QTest::mouseClick(control(large, "ImageWell1"), Qt::LeftButton);
         deleteClosedWindows();
         QVERIFY(!existingInstance<WindowAbout2>());
 
-        QTest::mouseClick(control<QPushButton>(existingInstance<WindowAbout>(), "PushButtonClose"),
-                          Qt::LeftButton);
+        QTest::mouseClick(control<QPushButton>(about, "PushButtonClose"), Qt::LeftButton);
         deleteClosedWindows();
         QVERIFY(!existingInstance<WindowAbout>());
+    }
+
+    void noLabelOfAnyWindowClipsItsText() {
+        App::instance()->start();
+        sharedInstance<WindowProgess>()->Show();
+        sharedInstance<WindowPreferences>()->Show();
+        sharedInstance<VelmoraHelp>()->Show();
+        openAbout();
+        sharedInstance<WindowAbout2>()->Show();
+        QStringList clipped;
+        int labels = 0;
+        for (QWidget* widget : QApplication::allWidgets()) {
+            const auto* label = qobject_cast<QLabel*>(widget);
+            if (!label || label->text().isEmpty() || !label->window()->isVisible()) continue;
+            QVERIFY(QTest::qWaitForWindowExposed(label->window()));
+            ++labels;
+            if (!fits(label)) clipped << label->objectName();
+        }
+        QVERIFY2(labels > 30, qPrintable(QString::number(labels)));
+        QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(", ")));
+    }
+
+    // Narrowing is for texts that need it: a text that fits keeps its letters as they are.
+    void aFittingTextIsNotNarrowed() {
+        QLabel label(QStringLiteral("Big file size"));
+        label.resize(186, 16);
+        narrowToFit(&label);
+        QCOMPARE(label.font().stretch(), int(QFont::Unstretched));
     }
 };
 
