@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
@@ -73,6 +74,8 @@ private slots:
         QTest::keyClicks(target, typed);
         if (selectAll) menus.EditSelectAll->trigger();
         QTEST(enabledItems(), "enabled");
+        menus.EditUndo->trigger();  // takes back what was typed, if anything
+        if (auto* field = qobject_cast<QLineEdit*>(target)) QVERIFY(!field->isUndoAvailable());
     }
 
     void theListNeverScrollsSideways() {

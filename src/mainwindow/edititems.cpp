@@ -4,25 +4,24 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <utility>
 
 #include "mainwindow/mainmenubar.h"
 
 EditItems::EditItems(MainMenuBar& menus) : QObject(&menus), menus_(menus) {
-    connect(menus.EditUndo, &QAction::triggered, this, [this] {
-        if (field_) field_->undo();
-    });
-    connect(menus.EditCut, &QAction::triggered, this, [this] {
-        if (field_) field_->cut();
-    });
-    connect(menus.EditCopy, &QAction::triggered, this, [this] {
-        if (field_) field_->copy();
-    });
-    connect(menus.EditPaste, &QAction::triggered, this, [this] {
-        if (field_) field_->paste();
-    });
-    connect(menus.EditClear, &QAction::triggered, this, [this] {
-        if (field_) field_->del();
-    });
+    using FieldEdit = void (*)(QLineEdit*);
+    const std::pair<QAction*, FieldEdit> fieldEdits[] = {
+        {menus.EditUndo, [](QLineEdit* field) { field->undo(); }},
+        {menus.EditCut, [](QLineEdit* field) { field->cut(); }},
+        {menus.EditCopy, [](QLineEdit* field) { field->copy(); }},
+        {menus.EditPaste, [](QLineEdit* field) { field->paste(); }},
+        {menus.EditClear, [](QLineEdit* field) { field->del(); }},
+    };
+    for (const auto& [item, edit] : fieldEdits) {
+        connect(item, &QAction::triggered, this, [this, edit] {
+            if (field_) edit(field_);
+        });
+    }
     connect(menus.EditSelectAll, &QAction::triggered, this, [this] {
         if (field_) field_->selectAll();
         if (list_) list_->selectAll();
