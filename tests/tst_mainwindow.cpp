@@ -73,6 +73,7 @@ private slots:
     void theControlsStandWhereTheDesignPutsThem() {
         QCOMPARE(control("centralwidget")->size(), QSize(820, 680));
         QCOMPARE(window->minimumSize(), window->maximumSize());
+        QVERIFY(!window->windowFlags().testFlag(Qt::WindowFullscreenButtonHint));
         QCOMPARE(control("ImageCanvas")->geometry(), QRect(245, 74, 360, 240));
         QCOMPARE(control("BevelButton2")->geometry(), QRect(743, -11, 53, 64));
         QWidget* caption = control("imgCaption");

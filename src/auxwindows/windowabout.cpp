@@ -3,20 +3,22 @@
 #include <QEvent>
 
 #include "app/app.h"
-#include "platform/designfonts.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/owner.h"
 #include "auxwindows/ui_windowabout.h"
 #include "auxwindows/windowabout2.h"
 #include "mainwindow/windowmain.h"
+#include "platform/designfonts.h"
 #include "platform/desktop.h"
+#include "platform/readablecolour.h"
 #include "platform/sharedwindow.h"
 #include "resources/namedpictures.h"
 
 namespace {
+// The design's colours hold on a light window; on a dark one they are lightened to stay readable.
 void setTextColor(QLabel* label, const QColor& colour) {
     QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::WindowText, readableOn(colour, palette.color(QPalette::Window)));
     label->setPalette(palette);
 }
 }  // namespace
@@ -31,6 +33,8 @@ WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent), ui(new Ui::Win
                         QStringLiteral(" - December 2020"));
     ui->Label4->setText(owner::webAddress);
     ui->AboutDescription3->setText(owner::dedication + QStringLiteral("\n"));
+    for (QLabel* label : findChildren<QLabel*>())
+        setTextColor(label, label->palette().color(QPalette::WindowText));
 
     connect(ui->PushButtonClose, &QPushButton::clicked, this, &WindowAbout::PushButtonClose_Action);
     connect(ui->BevelButton1, &QPushButton::clicked, this, &WindowAbout::BevelButton1_Action);
@@ -78,8 +82,7 @@ void WindowAbout::PushButtonClose_Action() {
 }
 
 void WindowAbout::ImageWell1_MouseEnter() {
-    // Qt has no magnifying cursor; the pointing hand tells that the logo can be clicked.
-    ui->ImageWell1->setCursor(Qt::PointingHandCursor);
+    ui->ImageWell1->setCursor(pictures::magnifyLarger(ui->ImageWell1->devicePixelRatioF()));
 }
 
 void WindowAbout::ImageWell1_MouseExit() {

@@ -1,6 +1,7 @@
 #include "mainwindow/catalogueview.h"
 
 #include <QDropEvent>
+#include <QScrollBar>
 
 void CatalogueView::dropEvent(QDropEvent* event) {
     const QMimeData* dragged = event->mimeData();
@@ -20,4 +21,17 @@ int CatalogueView::dropRow(const QPoint& position) const {
     if (!under.isValid()) return model()->rowCount();
     const bool upperHalf = position.y() < visualRect(under).center().y();
     return upperHalf ? under.row() : under.row() + 1;
+}
+
+void CatalogueView::updateGeometries() {
+    QTableView::updateGeometries();
+    // With no room to scroll into, no key, wheel or drag brings the hidden columns into view.
+    horizontalScrollBar()->setRange(0, 0);
+}
+
+QModelIndex CatalogueView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    // Home and End go to the ends of the list, as in any list.
+    if (action == MoveHome || action == MoveEnd) modifiers |= Qt::ControlModifier;
+    // Left and Right have nowhere to go: the current cell stays in the one column in sight.
+    return QTableView::moveCursor(action, modifiers).siblingAtColumn(0);
 }

@@ -6,8 +6,17 @@
 void FirstLineLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     drawFrame(&painter);
-    const QString firstLine = text().section(QLatin1Char('\n'), 0, 0);
     style()->drawItemText(&painter, contentsRect(),
                           QStyle::visualAlignment(layoutDirection(), alignment()), palette(),
-                          isEnabled(), firstLine, foregroundRole());
+                          isEnabled(), firstLine(), foregroundRole());
+}
+
+QSize FirstLineLabel::sizeHint() const {
+    const QMargins frame = contentsMargins();
+    return fontMetrics().boundingRect(QRect(), int(alignment()), firstLine()).size() +
+           QSize(frame.left() + frame.right(), frame.top() + frame.bottom());
+}
+
+QString FirstLineLabel::firstLine() const {
+    return text().section(QLatin1Char('\n'), 0, 0);
 }

@@ -9,6 +9,12 @@ class FirstLineLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
+    // The room the first line takes.
+    QSize sizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString firstLine() const;
 };

@@ -1,7 +1,6 @@
 #include "mainwindow/mainmenubar.h"
 
-#include <QApplication>
-#include <QLineEdit>
+#include "mainwindow/edititems.h"
 
 namespace {
 
@@ -20,10 +19,6 @@ QAction* separator(QObject* owner, const char* name) {
     action->setObjectName(QString::fromLatin1(name));
     action->setSeparator(true);
     return action;
-}
-
-QLineEdit* focusedTextField() {
-    return qobject_cast<QLineEdit*>(QApplication::focusWidget());
 }
 
 }  // namespace
@@ -72,37 +67,5 @@ void MainMenuBar::Untitled1() {
                          QKeySequence(Qt::CTRL | Qt::Key_A));
     EditMenu->addActions({EditUndo, EditSeparator1, EditCut, EditCopy, EditPaste, EditClear,
                           EditSeparator2, EditSelectAll});
-
-    // The Edit items act on the focused text field.
-    connect(EditUndo, &QAction::triggered, this, [] {
-        if (auto* f = focusedTextField()) f->undo();
-    });
-    connect(EditCut, &QAction::triggered, this, [] {
-        if (auto* f = focusedTextField()) f->cut();
-    });
-    connect(EditCopy, &QAction::triggered, this, [] {
-        if (auto* f = focusedTextField()) f->copy();
-    });
-    connect(EditPaste, &QAction::triggered, this, [] {
-        if (auto* f = focusedTextField()) f->paste();
-    });
-    connect(EditClear, &QAction::triggered, this, [] {
-        if (auto* f = focusedTextField()) f->del();
-    });
-    connect(EditSelectAll, &QAction::triggered, this, [] {
-        if (auto* f = focusedTextField()) f->selectAll();
-    });
-    connect(EditMenu, &QMenu::aboutToShow, this, &MainMenuBar::followFocusedTextField);
-}
-
-void MainMenuBar::followFocusedTextField() {
-    QLineEdit* field = focusedTextField();
-    const bool editable = field && !field->isReadOnly();
-    const bool hasSelection = field && field->hasSelectedText();
-    EditUndo->setEnabled(editable && field->isUndoAvailable());
-    EditCut->setEnabled(editable && hasSelection);
-    EditCopy->setEnabled(hasSelection);
-    EditPaste->setEnabled(editable);
-    EditClear->setEnabled(editable && hasSelection);
-    EditSelectAll->setEnabled(field && !field->text().isEmpty());
+    new EditItems(*this);
 }

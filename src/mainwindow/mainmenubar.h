@@ -37,5 +37,4 @@ public:
 private:
     void Untitled0();  // builds the File menu
     void Untitled1();  // builds the Edit menu
-    void followFocusedTextField();
 };

@@ -75,8 +75,10 @@ WindowMain::WindowMain(QWidget* parent) : QMainWindow(parent), ui_(new Ui::Windo
     for (QLineEdit* field : ui_->centralwidget->findChildren<QLineEdit*>())
         field->installEventFilter(this);
 
-    // The menu bar sits above the control area, so the window is fixed at the size of both.
+    // The menu bar sits above the control area, so the window is fixed at the size of both,
+    // with no full-screen button to undo that.
     layout()->setSizeConstraint(QLayout::SetFixedSize);
+    setWindowFlag(Qt::WindowFullscreenButtonHint, false);
     layout()->activate();
     move(screen()->availableGeometry().center() - rect().center());
 }

@@ -10,8 +10,9 @@ void narrowToFit(QLabel* label) {
     font.setStretch(QFont::Unstretched);
     const auto widest = [&] {
         int width = 0;
+        // Measured as the label lays the line out, slant and overhang included.
         for (const QString& line : lines)
-            width = std::max(width, QFontMetrics(font).horizontalAdvance(line));
+            width = std::max(width, QFontMetrics(font).size(0, line).width());
         return width;
     };
     const int room = label->contentsRect().width();

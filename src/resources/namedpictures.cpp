@@ -1,6 +1,8 @@
 #include "resources/namedpictures.h"
 
 #include <QHash>
+#include <QPainter>
+#include <QSvgRenderer>
 
 static void loadPictureResources() {
     Q_INIT_RESOURCE(resources);
@@ -45,6 +47,21 @@ PicturePtr blue() {
 
 QPixmap pixmapOf(const PicturePtr& picture) {
     return picture ? QPixmap::fromImage(picture->decode()) : QPixmap();
+}
+
+QCursor magnifyLarger(qreal devicePixelRatio) {
+    constexpr int kSize = 32;  // the usual cursor size, in device-independent pixels
+    loadPictureResources();
+    QSvgRenderer drawing(QStringLiteral(":/pictures/magnify"));
+    QPixmap pixmap(QSize(kSize, kSize) * devicePixelRatio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    drawing.render(&painter);
+    painter.end();
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    const QPointF lens = drawing.boundsOnElement(QStringLiteral("lens")).center() * kSize /
+                         drawing.viewBoxF().width();
+    return QCursor(pixmap, qRound(lens.x()), qRound(lens.y()));
 }
 
 }  // namespace pictures

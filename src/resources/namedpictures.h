@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCursor>
 #include <QIcon>
 #include <QPixmap>
 
@@ -19,5 +20,10 @@ PicturePtr blue();
 
 // A named picture drawn at its own size, for image wells and button icons.
 QPixmap pixmapOf(const PicturePtr& picture);
+
+// The magnifying glass with a plus, over a picture that a click shows larger: drawn from the
+// program's own vector picture at `devicePixelRatio`, so that it is sharp on any screen, with
+// its hot spot at the lens's centre.
+QCursor magnifyLarger(qreal devicePixelRatio);
 
 }  // namespace pictures
