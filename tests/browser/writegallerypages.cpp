@@ -3,6 +3,8 @@
 //
 //   write_gallery_pages GALLERY_JSON FOLDER
 
+#include <fcntl.h>
+
 #include <QColor>
 #include <QDir>
 #include <QFile>
@@ -16,6 +18,7 @@
 #include <QTextStream>
 
 #include "page/gallerywriter.h"
+#include "platform/nativename.h"
 
 namespace {
 
@@ -31,7 +34,8 @@ QJsonObject readGallery(const QString& path) {
 }
 
 // A plain field of the image's colour with its slide number large in the middle, so that a
-// screenshot shows which slide is on show.
+// screenshot shows which slide is on show. The file is made by its name's bytes: not every test
+// name is UTF-8.
 bool writeImage(const QString& path, const QJsonObject& image, int number) {
     QImage picture(image["width"].toInt(), image["height"].toInt(), QImage::Format_RGB32);
     picture.fill(QColor(image["fill"].toString()));
@@ -42,7 +46,11 @@ bool writeImage(const QString& path, const QJsonObject& image, int number) {
     painter.setPen(Qt::white);
     painter.drawText(picture.rect(), Qt::AlignCenter, QString::number(number));
     painter.end();
-    return picture.save(path, nullptr, 90);
+    QFile file;
+    const int fd =
+        ::open(nativeName::toBytes(path).constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    return fd >= 0 && file.open(fd, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle) &&
+           picture.save(&file, path.contains(".jpg") ? "JPEG" : "PNG", 90);
 }
 
 }  // namespace
