@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
@@ -51,9 +52,12 @@ QByteArray enormousPng() {
     return png;
 }
 
+// Made by the name's bytes: not every name here is UTF-8.
 void writeFile(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
+    const int fd = ::open(nativeName::toBytes(path).constData(), O_WRONLY | O_CREAT, 0600);
+    QFile file;
+    QVERIFY2(fd >= 0 && file.open(fd, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle),
+             qPrintable(path));
     file.write(content);
 }
 
@@ -74,8 +78,8 @@ class HostileFolderTest : public QObject {
     ImageCatalogue& catalogue = window.catalogue();
     const QString longName = QString(251, QLatin1Char('n')) + ".png";  // 255 bytes
 
+    // A name in Latin-1, as an old camera card may hold: no UTF-8 text names this file.
     const QString latin1 = nativeName::fromBytes("caf\xe9.png");
-    QByteArray latin1Name() const { return QFile::encodeName(folder) + "/caf\xe9.png"; }
 
     QStringList listedNames() const {
         QStringList names;
@@ -105,11 +109,7 @@ private slots:
         QVERIFY(QFile::link(at("loop-b.png"), at("loop-a.png")));
         QVERIFY(QFile::link(at("loop-a.png"), at("loop-b.png")));
         QVERIFY(QFile::link(at("it's.png"), at("link.png")));
-        // A name in Latin-1, as an old camera card may hold: no UTF-8 text names this file.
-        const int fd = ::open(latin1Name().constData(), O_WRONLY | O_CREAT, 0600);
-        QVERIFY(fd >= 0);
-        QCOMPARE(::write(fd, png.constData(), png.size()), ssize_t(png.size()));
-        ::close(fd);
+        writeFile(at(latin1), png);
         window.Event_Open();
     }
 
@@ -163,7 +163,19 @@ private slots:
         QVERIFY(TestEnvironment::dialogs().messages.isEmpty());
     }
 
-    void cleanupTestCase() { ::unlink(latin1Name().constData()); }
+    void titlesAndCaptionsKeepEveryCharacter() {
+        const QString longText(100000, u'x');  // three times a text field's usual limit
+        for (const char* field :
+             {"imgCaption", "galleryHTMLtitle", "galleryTitle", "gallerySubTitle"})
+            window.findChild<QLineEdit*>(field)->setText(longText);
+        const GallerySettings settings = window.gallerySettings();
+        QCOMPARE(catalogue.Cell(catalogue.ListIndex(), CatalogueRow::kCaptionCell), longText);
+        QCOMPARE(settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
+                 longText + longText + longText);
+    }
+
+    // Qt's own removal cannot reach a name that is not UTF-8.
+    void cleanupTestCase() { ::unlink(nativeName::toBytes(folder + "/" + latin1).constData()); }
 };
 
 VELMORA_TEST_MAIN(HostileFolderTest)

@@ -76,9 +76,7 @@ async function openOffline(file) {
   const page = await context.newPage();
   const served = new Set();
   const trouble = [];
-  page.on('console', (message) => {
-    if (message.type() === 'error') trouble.push(`console: ${message.text()}`);
-  });
+  page.on('console', (line) => line.type() === 'error' && trouble.push(`console: ${line.text()}`));
   page.on('pageerror', (error) => trouble.push(`page error: ${error.message}`));
   page.on('requestfailed', (request) =>
     trouble.push(`request failed: ${request.url()} (${request.failure()?.errorText})`),
@@ -103,19 +101,14 @@ async function openOffline(file) {
   return { page, served, trouble };
 }
 
-// Waits until the slide at `index` is the active one and Bootstrap's transition has ended.
+// Waits until the slide at `index` is the active one and Bootstrap's transition has ended: while
+// they move, Bootstrap marks both slides carousel-item-next, -prev, -left or -right.
 async function waitForSlide(page, index, how) {
+  const settled = (i) =>
+    document.querySelectorAll('#simpleCarousel .carousel-item')[i]?.classList.contains('active') &&
+    !document.querySelector('[class*="carousel-item-"]');
   await page
-    .waitForFunction(
-      (i) => {
-        const items = document.querySelectorAll('#simpleCarousel .carousel-item');
-        // While they move, Bootstrap marks both slides carousel-item-next, -prev, -left or -right.
-        const moving = '[class*="carousel-item-"]';
-        return items[i]?.classList.contains('active') && !document.querySelector(moving);
-      },
-      index,
-      { timeout: 5000 },
-    )
+    .waitForFunction(settled, index, { timeout: 5000 })
     .catch(() => assert.fail(`slide ${index} did not come up after ${how}`));
 }
 
@@ -149,15 +142,10 @@ function carouselState(page) {
   });
 }
 
-function checkPictureWidth(state, fullWidth) {
-  const { left, right } = state.picture;
-  if (fullWidth) {
-    assert.deepEqual({ left, right }, { left: 0, right: state.viewportWidth }, 'edge to edge');
-  } else {
-    const rightMargin = state.viewportWidth - right;
-    assert.ok(left > 0 && rightMargin > 0, `margins on both sides, got ${left} and ${rightMargin}`);
-    assert.ok(Math.abs(left - rightMargin) <= 1, `centred, got ${left} and ${rightMargin}`);
-  }
+function checkPictureWidth({ picture: { left, right }, viewportWidth }, fullWidth) {
+  const margins = [left, viewportWidth - right];
+  if (fullWidth) assert.deepEqual(margins, [0, 0], 'edge to edge');
+  else assert.ok(left > 0 && Math.abs(margins[0] - margins[1]) <= 1, `centred, got ${margins}`);
 }
 
 for (const { file, fullWidth } of gallery.pages) {
@@ -167,12 +155,12 @@ for (const { file, fullWidth } of gallery.pages) {
       await t.test('loads its style sheet and scripts, each passing its integrity check', async () => {
         assert.deepEqual(trouble, []);
         assert.deepEqual([...served].sort(), Object.keys(cdnFiles).sort());
-        const libraries = await page.evaluate(() => ({
-          jquery: window.jQuery?.fn.jquery.split(' ')[0],
-          popper: typeof window.Popper,
-          carousel: typeof window.jQuery?.fn.carousel,
-        }));
-        assert.deepEqual(libraries, { jquery: '3.5.1', popper: 'function', carousel: 'function' });
+        const libraries = await page.evaluate(() => [
+          window.jQuery?.fn.jquery.split(' ')[0],
+          typeof window.Popper,
+          typeof window.jQuery?.fn.carousel,
+        ]);
+        assert.deepEqual(libraries, ['3.5.1', 'function', 'function']);
       });
 
       // Titles, captions and file names hold markup, quotes, escapes and a name that is not
