@@ -149,6 +149,7 @@ private slots:
         QTest::newRow("bytes lost") << "bytes lost" << page << 0 << "The disk is full.\r";
         QTest::newRow("size limit") << "size limit" << page << 0 << ": File too large\r";
         QTest::newRow("folder gone") << "folder gone" << page << 0 << "no longer exists.\r";
+        QTest::newRow("no folder yet") << "no folder" << page << 0 << "no folder for the page yet";
         QTest::newRow("folder is a file") << "folder is a file" << page << 0 << "not a folder.\r";
     }
     void onlyThePageIsWrittenAndOnlyInItsFolder() {
@@ -184,8 +185,9 @@ private slots:
             };
         } else if (situation == "folder gone") {
             QVERIFY(QDir(folder).removeRecursively());
-        } else if (situation == "folder is a file") {
-            settings.galleryPath = folder + "/a.png/";
+        } else if (situation == "folder is a file" || situation == "no folder") {
+            settings.galleryPath =
+                situation == "no folder" ? "Please add the image's folder..." : folder + "/a.png/";
         }
         if (answer != 0) TestEnvironment::dialogs().answers.enqueue(answer);
         const bool written = told.isEmpty() && answer != kAnswerNo;

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <QDir>
 #include <QFile>
 #include <QMimeDatabase>
 
@@ -63,6 +64,11 @@ PageTarget examinePageTarget(const GallerySettings& settings, const QList<Catalo
             "The page name must be a plain file name, such as index.html: not empty, not \".\" or "
             "\"..\", and without \"/\", \"\\\" or a null character."));
 
+    // The gallery's folder is known by its full path once a folder was dropped, and only then.
+    if (!QDir::isAbsolutePath(settings.galleryPath) || !settings.galleryPath.endsWith(u'/'))
+        return refused(
+            QStringLiteral("There is no folder for the page yet: please drop the "
+                           "folder of the images on the window."));
     const QString path = galleryPagePath(settings);
     struct stat status {};
     // Nothing there, or no folder to look in: the write itself tells what is wrong.
