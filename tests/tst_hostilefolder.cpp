@@ -81,12 +81,6 @@ class HostileFolderTest : public QObject {
     // A name in Latin-1, as an old camera card may hold: no UTF-8 text names this file.
     const QString latin1 = nativeName::fromBytes("caf\xe9.png");
 
-    QStringList listedNames() const {
-        QStringList names;
-        for (int row = 0; row < catalogue.ListCount(); ++row) names << catalogue.Cell(row, 1);
-        return names;
-    }
-
 private slots:
     void initTestCase() {
         QVERIFY(QDir().mkpath(folder + "/dir.png"));
@@ -124,9 +118,11 @@ private slots:
 
         // Pictures whose header reads are listed, even when their pixels will not decode, and
         // whatever bytes their names are made of.
-        QCOMPARE(listedNames(), QStringList({"🌅 dawn.png", latin1, "cut.jpg", "dot.gif",
-                                             "enormous.png", "it's.png", "link.png", longName,
-                                             "say \"cheese\".png", "Tom & Jerry.png"}));
+        QStringList listed;
+        for (int row = 0; row < catalogue.ListCount(); ++row) listed << catalogue.Cell(row, 1);
+        QCOMPARE(listed, QStringList({"🌅 dawn.png", latin1, "cut.jpg", "dot.gif", "enormous.png",
+                                      "it's.png", "link.png", longName, "say \"cheese\".png",
+                                      "Tom & Jerry.png"}));
         QCOMPARE(catalogue.Cell(4, 4) + "x" + catalogue.Cell(4, 5), QString("100000x100000"));
         QCOMPARE(catalogue.Cell(3, 4) + "x" + catalogue.Cell(3, 5), QString("1x1"));
         QCOMPARE(catalogue.data(catalogue.index(1, 1), Qt::DisplayRole), "caf\uFFFD.png");

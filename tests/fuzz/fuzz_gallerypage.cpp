@@ -13,14 +13,6 @@
 
 namespace {
 
-QByteArray pageOf(const GallerySettings& settings, const QString& countText,
-                  const QList<CatalogueRow>& rows) {
-    QBuffer page;
-    page.open(QIODevice::WriteOnly);
-    FUZZ_CHECK(writeGalleryPage(page, settings, countText, rows));
-    return page.data();
-}
-
 // A file name as a folder may hold it: any bytes but the separator, up to a zero; or, now and
 // then, any text, as a page read back might give one.
 QString fileName(FuzzInput& input) {
@@ -88,7 +80,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QByteArray pages[2];
     for (const bool fullPageWidth : {true, false}) {
         settings.fullPageWidth = fullPageWidth;
-        const QByteArray page = pageOf(settings, countText, rows);
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        FUZZ_CHECK(writeGalleryPage(buffer, settings, countText, rows));
+        const QByteArray page = buffer.data();
         // Nothing typed or named opens or closes an element, so every tag is the writer's.
         FUZZ_CHECK(page.count("<div") == page.count("</div>"));
         FUZZ_CHECK(page.count("<div class='carousel-item") == std::max(count, 1));
