@@ -8,12 +8,15 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+#include <QtEndian>
 
 #include "mainwindow/windowmain.h"
+#include "platform/nativename.h"
 #include "preview/imagecanvas.h"
 #include "support/photolike.h"
 #include "support/testenvironment.h"
@@ -21,6 +24,14 @@
 namespace {
 const QByteArray kGif1x1 =
     QByteArray::fromHex("47494638396101000100800000000000ffffff2c000000000100010000020144003b");
+
+QByteArray encoded(QSize size, const char* format) {
+    const QImage image = photoLike(size, 7);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return buffer.data();
+}
 
 quint32 crc32(const QByteArray& bytes) {
     quint32 crc = 0xFFFFFFFF;
@@ -31,39 +42,22 @@ quint32 crc32(const QByteArray& bytes) {
     return ~crc;
 }
 
-QByteArray pngChunk(const char* type, const QByteArray& data) {
-    QByteArray body = QByteArray(type) + data;
-    QByteArray chunk;
-    QDataStream out(&chunk, QIODevice::WriteOnly);
-    out << quint32(data.size());
-    out.writeRawData(body.constData(), body.size());
-    out << crc32(body);
-    return chunk;
-}
-
-// A well-formed PNG header declaring 100000 x 100000 RGB pixels, followed by its first rows only:
-// a decoder that took the header at its word would ask for 40 GB.
+// A PNG whose header declares 100000 x 100000 pixels over the data of one: a decoder that took
+// the header at its word would ask for 40 GB.
 QByteArray enormousPng() {
-    QByteArray header;
-    QDataStream out(&header, QIODevice::WriteOnly);
-    out << quint32(100000) << quint32(100000) << quint8(8) << quint8(2) << quint8(0) << quint8(0)
-        << quint8(0);
-    const QByteArray rows = qCompress(QByteArray(4 * (1 + 3 * 100000), '\0')).mid(4);
-    return QByteArray("\x89PNG\r\n\x1a\n", 8) + pngChunk("IHDR", header) + pngChunk("IDAT", rows) +
-           pngChunk("IEND", {});
+    QByteArray png = encoded({1, 1}, "PNG");
+    qToBigEndian<quint32>(100000, png.data() + 16);
+    qToBigEndian<quint32>(100000, png.data() + 20);
+    qToBigEndian<quint32>(crc32(png.mid(12, 17)), png.data() + 29);  // over IHDR's type and data
+    return png;
 }
 
-QByteArray encoded(QSize size, const char* format) {
-    const QImage image = photoLike(size, 7);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return buffer.data();
-}
-
+// Made by the name's bytes: not every name here is UTF-8.
 void writeFile(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
+    const int fd = ::open(nativeName::toBytes(path).constData(), O_WRONLY | O_CREAT, 0600);
+    QFile file;
+    QVERIFY2(fd >= 0 && file.open(fd, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle),
+             qPrintable(path));
     file.write(content);
 }
 
@@ -84,13 +78,8 @@ class HostileFolderTest : public QObject {
     ImageCatalogue& catalogue = window.catalogue();
     const QString longName = QString(251, QLatin1Char('n')) + ".png";  // 255 bytes
 
-    QByteArray latin1Name() const { return QFile::encodeName(folder) + "/caf\xe9.png"; }
-
-    QStringList listedNames() const {
-        QStringList names;
-        for (int row = 0; row < catalogue.ListCount(); ++row) names << catalogue.Cell(row, 1);
-        return names;
-    }
+    // A name in Latin-1, as an old camera card may hold: no UTF-8 text names this file.
+    const QString latin1 = nativeName::fromBytes("caf\xe9.png");
 
 private slots:
     void initTestCase() {
@@ -114,11 +103,7 @@ private slots:
         QVERIFY(QFile::link(at("loop-b.png"), at("loop-a.png")));
         QVERIFY(QFile::link(at("loop-a.png"), at("loop-b.png")));
         QVERIFY(QFile::link(at("it's.png"), at("link.png")));
-        // A name in Latin-1, as an old camera card may hold: no UTF-8 text can name this file.
-        const int fd = ::open(latin1Name().constData(), O_WRONLY | O_CREAT, 0600);
-        QVERIFY(fd >= 0);
-        QCOMPARE(::write(fd, png.constData(), png.size()), ssize_t(png.size()));
-        ::close(fd);
+        writeFile(at(latin1), png);
         window.Event_Open();
     }
 
@@ -131,13 +116,17 @@ private slots:
         // A walk that opened the pipe would wait here for a writer that never comes.
         QVERIFY(walk.elapsed() < 60000);
 
-        // Pictures whose header reads are listed, even when their pixels will not decode.
-        QCOMPARE(listedNames(),
-                 QStringList({"🌅 dawn.png", "cut.jpg", "dot.gif", "enormous.png", "it's.png",
-                              "link.png", longName, "say \"cheese\".png", "Tom & Jerry.png"}));
-        QCOMPARE(catalogue.Cell(3, 4) + "x" + catalogue.Cell(3, 5), QString("100000x100000"));
-        QCOMPARE(catalogue.Cell(2, 4) + "x" + catalogue.Cell(2, 5), QString("1x1"));
-        QCOMPARE(window.findChild<QLabel*>("imgCount")->text(), QString("9 images"));
+        // Pictures whose header reads are listed, even when their pixels will not decode, and
+        // whatever bytes their names are made of.
+        QStringList listed;
+        for (int row = 0; row < catalogue.ListCount(); ++row) listed << catalogue.Cell(row, 1);
+        QCOMPARE(listed, QStringList({"🌅 dawn.png", latin1, "cut.jpg", "dot.gif", "enormous.png",
+                                      "it's.png", "link.png", longName, "say \"cheese\".png",
+                                      "Tom & Jerry.png"}));
+        QCOMPARE(catalogue.Cell(4, 4) + "x" + catalogue.Cell(4, 5), QString("100000x100000"));
+        QCOMPARE(catalogue.Cell(3, 4) + "x" + catalogue.Cell(3, 5), QString("1x1"));
+        QCOMPARE(catalogue.data(catalogue.index(1, 1), Qt::DisplayRole), "caf\uFFFD.png");
+        QCOMPARE(window.findChild<QLabel*>("imgCount")->text(), QString("10 images"));
         QVERIFY(TestEnvironment::dialogs().messages.isEmpty());
         QCOMPARE(TestEnvironment::dialogs().beeps, 0);
     }
@@ -170,7 +159,19 @@ private slots:
         QVERIFY(TestEnvironment::dialogs().messages.isEmpty());
     }
 
-    void cleanupTestCase() { ::unlink(latin1Name().constData()); }
+    void titlesAndCaptionsKeepEveryCharacter() {
+        const QString longText(100000, u'x');  // three times a text field's usual limit
+        for (const char* field :
+             {"imgCaption", "galleryHTMLtitle", "galleryTitle", "gallerySubTitle"})
+            window.findChild<QLineEdit*>(field)->setText(longText);
+        const GallerySettings settings = window.gallerySettings();
+        QCOMPARE(catalogue.Cell(catalogue.ListIndex(), CatalogueRow::kCaptionCell), longText);
+        QCOMPARE(settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
+                 longText + longText + longText);
+    }
+
+    // Qt's own removal cannot reach a name that is not UTF-8.
+    void cleanupTestCase() { ::unlink(nativeName::toBytes(folder + "/" + latin1).constData()); }
 };
 
 VELMORA_TEST_MAIN(HostileFolderTest)

@@ -92,7 +92,12 @@ bool App::Event_CancelClose() {
 }
 
 void App::Event_Close() {
-    const QString leftover = QDir(SpecialFolder::Desktop()).filePath(QStringLiteral(".foo.jpg"));
+    // Where no Desktop folder is set up, the home folder stands in for it, and a file of the
+    // user's there is none of ours.
+    const QString desktop = QFileInfo(SpecialFolder::Desktop()).canonicalFilePath();
+    if (desktop.isEmpty() || desktop == QFileInfo(SpecialFolder::UserHome()).canonicalFilePath())
+        return;
+    const QString leftover = QDir(desktop).filePath(QStringLiteral(".foo.jpg"));
     if (QFileInfo::exists(leftover)) QFile::remove(leftover);
 }
 

@@ -1,15 +1,32 @@
 #include "catalogue/folderitems.h"
 
+#include <dirent.h>
+
 #include <QCollator>
-#include <QDir>
-#include <QFileInfo>
 #include <QLocale>
 #include <algorithm>
+#include <memory>
+
+#include "platform/nativename.h"
+
+namespace {
+// The names as the file system holds them: Qt's own listing reads every name as UTF-8 and
+// loses the files whose names are not.
+QStringList namesIn(const QString& folder) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> dir(
+        ::opendir(nativeName::toBytes(folder).constData()), ::closedir);
+    QStringList names;
+    if (!dir) return names;
+    while (const dirent* entry = ::readdir(dir.get())) {
+        const QByteArray name(entry->d_name);
+        if (name != "." && name != "..") names << nativeName::fromBytes(name);
+    }
+    return names;
+}
+}  // namespace
 
 QStringList folderItemsByName(const QString& folder) {
-    if (!QFileInfo(folder).isDir()) return {};
-    QStringList names = QDir(folder).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::NoSort);
+    QStringList names = namesIn(folder);
     // The C locale compares plain character codes, numbers included; a file manager still sorts
     // by value there, so take the common order of English instead.
     const QLocale locale =

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/nativename.h"
 #include "platform/text.h"
 
 namespace {
@@ -201,7 +202,7 @@ int ImageCatalogue::columnCount(const QModelIndex& parent) const {
 QVariant ImageCatalogue::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
     if (role == Qt::ToolTipRole) return {};  // the list's own tooltip speaks for every row
-    return Cell(index.row(), index.column());
+    return nativeName::shown(Cell(index.row(), index.column()));
 }
 
 QVariant ImageCatalogue::headerData(int section, Qt::Orientation orientation, int role) const {

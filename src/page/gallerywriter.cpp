@@ -1,9 +1,13 @@
 #include "page/gallerywriter.h"
 
 #include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #include "page/htmlwindow.h"
+#include "page/pagetarget.h"
 #include "page/pagetext.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
@@ -114,36 +118,78 @@ QString galleryPagePath(const GallerySettings& settings) {
     return settings.galleryPath + settings.galleryFileName;
 }
 
+namespace {
+
+// Why a write failed, in the user's words: the cause is looked for after the failure, since a
+// failed write does not always say (a full disk may report "Unknown error", or nothing at all).
+QString whyNotWritten(const GallerySettings& settings, const QFileDevice& file, qint64 pageSize) {
+    const QString folder = QDir::cleanPath(settings.galleryPath);
+    const QFileInfo place(folder);
+    QString cause;
+    if (!place.exists())
+        cause = QStringLiteral("The folder no longer exists.");
+    else if (!place.isDir())
+        cause = QStringLiteral("The gallery's folder is a file, not a folder.");
+    else if (QStorageInfo(folder).isReadOnly())
+        cause = QStringLiteral("The disk is read-only.");
+    else if (!place.isWritable())
+        cause = QStringLiteral("The folder is read-only.");
+    // Bytes that went missing without an error are a full disk's doing as well.
+    else if (file.error() == QFileDevice::NoError || file.error() == QFileDevice::ResourceError ||
+             QStorageInfo(folder).bytesAvailable() < pageSize)
+        cause = QStringLiteral("The disk is full.");
+    else
+        cause = QStringLiteral("The system could not write the file: ") + file.errorString();
+    return cause + text::Chr(13) + galleryPagePath(settings);
+}
+
+}  // namespace
+
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
-                                const QList<CatalogueRow>& rows, const PageFileFactory& makeFile) {
+                                const QList<CatalogueRow>& rows, const PageFileFactory& makeFile,
+                                const ReplaceQuestion& mayReplace) {
     PageWriteResult result;
     result.path = galleryPagePath(settings);
+    const PageTarget target = examinePageTarget(settings, rows);
+    if (target.kind == PageTarget::Kind::Refused) {
+        result.error = target.refusal;
+        return result;
+    }
+    if (target.kind == PageTarget::Kind::OtherPage &&
+        !(mayReplace && mayReplace(settings.galleryFileName)))
+        return result;
 
     QBuffer page;
     page.open(QIODevice::WriteOnly);
     writeGalleryPage(page, settings, countText, rows);
     const QByteArray& bytes = page.data();
 
+    // The new page goes to a file of its own beside the target and replaces it in one step, so
+    // that a failure leaves any earlier page as it was and no partial file behind.
     const std::unique_ptr<QSaveFile> file =
         makeFile ? makeFile(result.path) : std::make_unique<QSaveFile>(result.path);
-    if (!file->open(QIODevice::WriteOnly)) {
-        result.error = file->errorString();
+    // Unbuffered, so that a write that fails says why at once, not as an "Unknown error" of a
+    // later flush.
+    if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        result.error = whyNotWritten(settings, *file, bytes.size());
         return result;
     }
-    // A write cut short (a full disk, a size limit) is not always reported as an error, so the
-    // size on disk is checked before the new page replaces the old one.
-    const bool written = file->write(bytes) == bytes.size() && file->flush();
-    if (!written || file->size() != bytes.size()) {
-        result.error = written
-                           ? QStringLiteral("Only %1 of %2 bytes reached the disk; it may be full.")
-                                 .arg(file->size())
-                                 .arg(bytes.size())
-                           : file->errorString();
+    // A write may take only a part of the bytes; the next one then fails and says why.
+    qint64 put = 0;
+    while (put < bytes.size()) {
+        const qint64 taken = file->write(bytes.constData() + put, bytes.size() - put);
+        if (taken <= 0) break;
+        put += taken;
+    }
+    // Some full disks report success for bytes that never arrive, so the size on disk is
+    // checked before the new page replaces the old one.
+    if (put != bytes.size() || !file->flush() || file->size() != bytes.size()) {
+        result.error = whyNotWritten(settings, *file, bytes.size());
         file->cancelWriting();
         return result;
     }
     if (!file->commit()) {
-        result.error = file->errorString();
+        result.error = whyNotWritten(settings, *file, bytes.size());
         return result;
     }
     result.ok = true;
@@ -152,11 +198,13 @@ PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& 
 
 void publishGalleryPage(const GallerySettings& settings, const QString& countText,
                         const QList<CatalogueRow>& rows, const PageFileFactory& makeFile) {
-    const PageWriteResult result = saveGalleryPage(settings, countText, rows, makeFile);
-    if (!result.ok) {
-        MsgBox("The gallery page could not be written." + text::Chr(13) + result.path +
-               text::Chr(13) + result.error);
-        return;
-    }
-    Launch(result.path);
+    const auto mayReplace = [](const QString& name) {
+        return MsgBox(name + " already exists and was not written by Velmora. Replace it?", 36,
+                      QString()) == kAnswerYes;
+    };
+    const PageWriteResult result = saveGalleryPage(settings, countText, rows, makeFile, mayReplace);
+    if (result.ok)
+        Launch(result.path);
+    else if (!result.error.isEmpty())
+        MsgBox("The gallery page could not be written." + text::Chr(13) + result.error);
 }

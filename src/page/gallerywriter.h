@@ -24,20 +24,25 @@ QString galleryPagePath(const GallerySettings& settings);
 struct PageWriteResult {
     bool ok = false;
     QString path;
-    QString error;  // the system's reason when `ok` is false
+    // Why the page was not written, in the user's words; empty when the user chose not to replace
+    // a file.
+    QString error;
 };
 
 // Makes the file object the page is written through; empty means a plain QSaveFile. Tests hand in
 // one whose writes fail on purpose.
 using PageFileFactory = std::function<std::unique_ptr<QSaveFile>(const QString& path)>;
+// Asked before someone else's web page of that name is replaced; no question means no.
+using ReplaceQuestion = std::function<bool(const QString& fileName)>;
 
-// Writes the page file atomically: on any failure an earlier page of that name stays as it was
-// and no partial file remains.
+// Writes the page file where examinePageTarget allows it, atomically: on any failure an earlier
+// page of that name stays as it was and no partial file remains.
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
                                 const QList<CatalogueRow>& rows,
-                                const PageFileFactory& makeFile = {});
+                                const PageFileFactory& makeFile = {},
+                                const ReplaceQuestion& mayReplace = {});
 
-// Saves the page and opens it in the default application, or tells the user why it could not
-// be written.
+// Saves the page and opens it in the default application, after asking before another's page is
+// replaced, or tells the user why it could not be written.
 void publishGalleryPage(const GallerySettings& settings, const QString& countText,
                         const QList<CatalogueRow>& rows, const PageFileFactory& makeFile = {});

@@ -5,6 +5,8 @@
 #include <QList>
 #include <string_view>
 
+#include "platform/nativename.h"
+
 namespace pageText {
 namespace {
 
@@ -14,18 +16,6 @@ namespace {
 bool changesTheAddress(unsigned char c) {
     static constexpr std::string_view kSpecial = "%#?'\"&<>\\:";
     return c < 0x20 || c == 0x7F || kSpecial.find(static_cast<char>(c)) != std::string_view::npos;
-}
-
-// The length of the well-formed UTF-8 sequence of a character other than a control that starts
-// at `at`, or 0 where the bytes form none.
-int printableSequenceAt(const QByteArray& bytes, qsizetype at) {
-    const auto lead = static_cast<unsigned char>(bytes[at]);
-    const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
-    if (length == 0 || at + length > bytes.size()) return 0;
-    const QString decoded = QString::fromUtf8(bytes.mid(at, length));
-    const bool wellFormed = decoded.toUtf8() == bytes.mid(at, length);
-    return wellFormed && QChar::category(decoded.toUcs4().value(0)) != QChar::Other_Control ? length
-                                                                                            : 0;
 }
 
 // A numeric reference's code point, or 0 when it names none.
@@ -91,29 +81,36 @@ QString unescaped(const QString& html) {
 }
 
 QString addressOfFileName(const QString& name) {
-    return addressOfFileBytes(name.toUtf8());
+    QString out;
+    out.reserve(name.size());
+    for (qsizetype i = 0; i < name.size(); ++i) {
+        const QChar c = name[i];
+        if (c.isHighSurrogate() && i + 1 < name.size() && name[i + 1].isLowSurrogate()) {
+            out += c;
+            out += name[++i];
+            continue;
+        }
+        // Browsers drop blanks at either end of an address.
+        const bool blankAtAnEnd = c == u' ' && (i == 0 || i == name.size() - 1);
+        const bool encode = c.unicode() < 0x80
+                                ? blankAtAnEnd || changesTheAddress(c.unicode())
+                                : c.isSurrogate() || c.category() == QChar::Other_Control;
+        if (!encode) {
+            out += c;
+            continue;
+        }
+        // A byte kept from a name that is not UTF-8 goes as that byte, so that the browser asks
+        // for exactly the bytes of the name.
+        for (const char byte : nativeName::toBytes(QString(c)))
+            out += u'%' + QString::number(static_cast<unsigned char>(byte), 16)
+                              .toUpper()
+                              .rightJustified(2, u'0');
+    }
+    return out;
 }
 
 QString addressOfFileBytes(const QByteArray& name) {
-    QByteArray out;
-    out.reserve(name.size());
-    for (qsizetype i = 0; i < name.size();) {
-        const auto c = static_cast<unsigned char>(name[i]);
-        // Browsers drop blanks at either end of an address.
-        const bool blankAtAnEnd = c == ' ' && (i == 0 || i == name.size() - 1);
-        const int sequence = c < 0x80 ? 0 : printableSequenceAt(name, i);
-        if (sequence > 0) {
-            out += name.mid(i, sequence);
-            i += sequence;
-            continue;
-        }
-        if (c >= 0x80 || blankAtAnEnd || changesTheAddress(c))
-            out += '%' + QByteArray::number(c, 16).toUpper().rightJustified(2, '0');
-        else
-            out += static_cast<char>(c);
-        ++i;
-    }
-    return QString::fromUtf8(out);
+    return addressOfFileName(nativeName::fromBytes(name));
 }
 
 QByteArray fileBytesOfAddress(const QString& address) {
@@ -121,7 +118,7 @@ QByteArray fileBytesOfAddress(const QString& address) {
 }
 
 QString fileNameOfAddress(const QString& address) {
-    return QString::fromUtf8(fileBytesOfAddress(address));
+    return nativeName::fromBytes(fileBytesOfAddress(address));
 }
 
 }  // namespace pageText

@@ -14,13 +14,15 @@ QString escaped(const QString& text);
 QString unescaped(const QString& html);
 
 // A file name as a relative address: every character a browser would not read back as the same
-// name is percent-encoded as UTF-8; letters of every script, inner blanks and ordinary punctuation
-// stay as they are.
+// name is percent-encoded as UTF-8, and a byte the name keeps because it is not UTF-8 (see
+// nativeName) as that byte; letters of every script, inner blanks and ordinary punctuation stay
+// as they are.
 QString addressOfFileName(const QString& name);
 // The same for a name as the file system holds it; bytes that are not well-formed UTF-8 are
 // percent-encoded one by one, so that a browser still asks for exactly those bytes.
 QString addressOfFileBytes(const QByteArray& name);
-// The file name, or its bytes, that an address written by the functions above stands for.
+// The file name, or its bytes, that an address written by the functions above stands for; a
+// name that is not UTF-8 comes back with its bytes kept, as intake lists it.
 QString fileNameOfAddress(const QString& address);
 QByteArray fileBytesOfAddress(const QString& address);
 
