@@ -185,6 +185,7 @@ private slots:
         for (int i = 1; i <= 12; ++i) page.slides.append({QString("gone %1.jpg").arg(i), "old"});
         page.slides.insert(3, {"b.png", ""});
         page.slides.insert(3, {"c.jpg", "Cliffs"});
+        page.settings.captionColor = "#f00";  // no colour of the popups
         writeFile(later + "/trip.html", pageBytes(page), 30);
         GalleryPage older = page;
         older.settings.galleryTitle = "An older page";
@@ -196,6 +197,7 @@ private slots:
         QCOMPARE(rows(), QStringList({"c.jpg|Cliffs", "b.png|", "0.png|", "e.png|"}));
         page.settings.galleryPath = later + "/";
         page.settings.galleryFileName = "trip.html";
+        page.settings.captionColor = "White";  // left as it was
         QVERIFY(window->gallerySettings() == page.settings);
         QStringList told = {"12 images of the page are no longer in the folder."};
         for (int i = 1; i <= 10; ++i) told << QString("gone %1.jpg").arg(i);
