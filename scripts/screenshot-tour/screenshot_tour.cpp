@@ -10,12 +10,14 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 #include <cstdio>
@@ -93,6 +95,7 @@ public:
         progressDuringDrop();
         clearList();
         galleryDropped();
+        reopened();
         help();
         about();
         preferences();
@@ -129,12 +132,14 @@ private:
     }
 
     void galleryDropped() {
-        dropFolder(main_, samplefolders::writeGallery(pictures_.path()));
+        gallery_ = samplefolders::writeGallery(pictures_.path());
+        dropFolder(main_, gallery_);
         settle();
         ImageCatalogue& catalogue = main_->catalogue();
         for (int row = 0; row < catalogue.ListCount(); ++row)
             if (catalogue.Cell(row, 1) == QStringLiteral("Plage à Nice.jpg"))
-                catalogue.setListIndex(row);
+                catalogue.moveRowsTo({row}, 0);
+        catalogue.setListIndex(0);
         settle();
         typeInto(control<QLineEdit>(main_, "imgCaption"),
                  QStringLiteral("Sunset over the Baie des Anges, à bientôt!"));
@@ -145,6 +150,33 @@ private:
         main_->imageCanvas()->Invalidate();
         settle();
         grab("02-main-with-gallery");
+    }
+
+    // The page of the gallery is written, the list cleared and the folder dropped again: the real
+    // question box comes up, is caught on screen and answered Yes.
+    void reopened() {
+        control<QPushButton>(main_, "BevelButton1")->click();
+        clearList();
+        // As after a restart: the title comes back from the page.
+        control<QLineEdit>(main_, "galleryTitle")->clear();
+        platform::installDialogs(nullptr);
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, [this, &poll] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box || !box->isVisible()) return;
+            poll.stop();
+            QTimer::singleShot(kSettleMilliseconds, box, [this, box] {
+                grab("10-reopen-question");
+                box->button(QMessageBox::Yes)->click();
+            });
+        });
+        poll.start(50);
+        dropFolder(main_, gallery_);
+        platform::installDialogs(&TestEnvironment::dialogs());
+        if (main_->catalogue().Cell(0, 7).isEmpty())
+            throw std::runtime_error("the gallery was not reopened");
+        settle();
+        grab("11-main-reopened");
     }
 
     void help() {
@@ -205,6 +237,7 @@ private:
     QStringList unsaved_;
     QTemporaryDir pictures_;
     WindowMain* main_ = nullptr;
+    QString gallery_;
 };
 
 }  // namespace

@@ -52,6 +52,7 @@ void App::bindMenuHandlers() {
     connect(menuBar_->About, &QAction::triggered, this, &App::_About_Action);
     connect(menuBar_->Preferences, &QAction::triggered, this, &App::_Preferences_Action);
     connect(menuBar_->RestoreNames, &QAction::triggered, this, &App::_RestoreNames_Action);
+    connect(menuBar_->OpenFolder, &QAction::triggered, this, &App::_OpenFolder_Action);
     connect(menuBar_->FileQuit, &QAction::triggered, this, [this] {
         if (!Event_CancelClose()) quit();
     });
@@ -119,6 +120,13 @@ bool App::_RestoreNames_Action() {
     for (int row = 0; row < count; ++row)
         catalogue.setCell(row, 0, stripExtension(catalogue.Cell(row, 1)));
     catalogue.setRenameFlag(QStringLiteral("no"));
+    return true;
+}
+
+bool App::_OpenFolder_Action() {
+    // The chosen folder takes the road of a dropped one.
+    const QString folder = SelectFolder();
+    if (windowMain_ && !folder.isEmpty()) windowMain_->takeFolder(folder);
     return true;
 }
 

@@ -35,6 +35,7 @@ public:
     bool _About_Action();
     bool _Preferences_Action();
     bool _RestoreNames_Action();
+    bool _OpenFolder_Action();
 
     void SavePrefs();
     void loadPrefs();

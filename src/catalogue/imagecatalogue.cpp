@@ -144,9 +144,13 @@ void ImageCatalogue::moveRowsTo(QList<int> sourceRows, int destination) {
         if (old == destination) order.append(sourceRows);
         if (old < ListCount() && !sourceRows.contains(old)) order.append(old);
     }
+    arrange(order);
+}
+
+void ImageCatalogue::arrange(const QList<int>& order) {
+    if (std::is_sorted(order.begin(), order.end())) return;
     std::vector<int> newRowOf(rows_.size());
     for (int newRow = 0; newRow < order.size(); ++newRow) newRowOf[order[newRow]] = newRow;
-    if (std::is_sorted(order.begin(), order.end())) return;
 
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     QList<CatalogueRow> reordered;

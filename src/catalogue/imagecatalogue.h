@@ -47,6 +47,9 @@ public:
     // Moves the given rows, in their order, to stand before `destination` (a row index of the
     // list before the move; ListCount() for the end). Whole rows move, captions included.
     void moveRowsTo(QList<int> sourceRows, int destination);
+    // Puts the rows in a new order: `order` lists every row once, by its index before the call,
+    // in the order they are to stand. Whole rows move, as above.
+    void arrange(const QList<int>& order);
 
     // Brings selection, count text and progress text up to date after the rows changed.
     void updateTheList();

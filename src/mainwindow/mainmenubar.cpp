@@ -36,6 +36,7 @@ MainMenuBar::~MainMenuBar() {
 void MainMenuBar::Untitled0() {
     FileMenu = new QMenu(QStringLiteral("&File"));
     FileMenu->setObjectName(QStringLiteral("FileMenu"));
+    OpenFolder = item(this, "OpenFolder", QStringLiteral("Open Folder..."), QKeySequence::Open);
     About = item(this, "About", QStringLiteral("About Velmora"), {}, QAction::AboutRole);
     Rename = item(this, "Rename", QStringLiteral("Rename All images..."),
                   QKeySequence(Qt::CTRL | Qt::Key_R));
@@ -47,6 +48,7 @@ void MainMenuBar::Untitled0() {
                 QKeySequence(Qt::CTRL | Qt::Key_S));
     FileQuit = item(this, "FileQuit", QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q),
                     QAction::QuitRole);
+    FileMenu->addAction(OpenFolder);
     FileMenu->addAction(About);
     FileMenu->addAction(Save);
     FileMenu->addAction(FileQuit);

@@ -14,6 +14,7 @@ public:
     ~MainMenuBar() override;
 
     QMenu* FileMenu;
+    QAction* OpenFolder;
     QAction* About;
     QAction* Rename;
     QAction* RestoreNames;

@@ -8,6 +8,8 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QUrl>
+#include <algorithm>
+#include <optional>
 
 #include "app/app.h"
 #include "auxwindows/velmorahelp.h"
@@ -17,6 +19,7 @@
 #include "catalogue/stripextension.h"
 #include "mainwindow/colournames.h"
 #include "mainwindow/mainmenubar.h"
+#include "mainwindow/pagerestore.h"
 #include "mainwindow/ui_windowmain.h"
 #include "platform/designfonts.h"
 #include "platform/dialogs.h"
@@ -234,10 +237,51 @@ void WindowMain::Event_DropObject(const QMimeData* dragged) {
 }
 
 void WindowMain::takeFolder(const QString& item) {
+    const bool emptyList = catalogue_.ListCount() == 0;
+    // A gallery page stands for its folder, and handing it over already says what to do.
+    std::optional<GalleryPageFile> page = readGalleryPageFile(item);
+    const QString folder = page ? QFileInfo(item).absolutePath() : item;
     WindowProgess* progress = sharedInstance<WindowProgess>();
     progress->Show();
-    if (!item.isEmpty()) older(item);
+    if (!folder.isEmpty()) older(folder);
     progress->Hide();
+    // Rows already in the list are another gallery in the making: the folder only adds to them.
+    if (!emptyList || folder.isEmpty()) return;
+    if (!page) {
+        page = newestGalleryPageIn(folder);
+        if (!page) return;
+        const QString question = QStringLiteral("This folder already has the gallery page \"") +
+                                 QFileInfo(page->path).fileName() +
+                                 QStringLiteral("\". Restore its captions, order and settings?");
+        if (MsgBox(question, 36, QString()) != kAnswerYes) return;
+    }
+    reopenGallery(*page);
+}
+
+void WindowMain::reopenGallery(const GalleryPageFile& found) {
+    const QStringList missing = arrangeAsPage(catalogue_, found.page.slides);
+    takePageSettings(found.page.settings);
+    ui_->galleryFileName->setText(QFileInfo(found.path).fileName());
+    catalogue_.setListIndex(0);
+    if (missing.isEmpty()) return;
+    static constexpr int kNamesShown = 10;
+    MsgBox(Str(missing.size()) +
+           QStringLiteral(" images of the page are no longer in the folder.") + Chr(13) +
+           missing.first(std::min<qsizetype>(missing.size(), kNamesShown)).join(Chr(13)));
+}
+
+void WindowMain::takePageSettings(const GallerySettings& settings) {
+    ui_->galleryHTMLtitle->setText(settings.galleryHTMLtitle);
+    ui_->galleryTitle->setText(settings.galleryTitle);
+    ui_->gallerySubTitle->setText(settings.gallerySubTitle);
+    // A colour the popups do not list (the page was edited by hand) leaves the popup as it is.
+    const std::pair<QComboBox*, QString> colours[] = {{ui_->bgColot, settings.bgColor},
+                                                      {ui_->txtColor, settings.textColor},
+                                                      {ui_->capColor, settings.captionColor}};
+    for (const auto& [popup, colour] : colours)
+        if (const int row = popup->findText(colour, Qt::MatchFixedString); row >= 0)
+            popup->setCurrentIndex(row);
+    ui_->CheckBoxFullScreen->setChecked(settings.fullPageWidth);
 }
 
 void WindowMain::older(const QString& folder) {

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "catalogue/imagecatalogue.h"
+#include "page/galleryreader.h"
 #include "page/gallerysettings.h"
 #include "platform/picture.h"
 
@@ -34,7 +35,9 @@ public:
     // Takes a drop: only the first dragged item counts, when it is a local file or folder.
     void Event_DropObject(const QMimeData* dragged);
     // The road of every folder the user hands over, by a drop or otherwise: the progress
-    // window shows while `item` is walked.
+    // window shows while `item` is walked. Handed to an empty list, a folder that holds a
+    // gallery page is offered to be reopened as that page left it; a gallery page handed over
+    // itself reopens its folder without a question.
     void takeFolder(const QString& item);
     // Adds a row for every item directly in `folder` that opens as a picture, then selects the
     // first row and makes `folder` the gallery's folder.
@@ -67,6 +70,8 @@ private:
     void installMenus();
     void Event_Resizing();
     void Event_Resized();
+    void reopenGallery(const GalleryPageFile& found);
+    void takePageSettings(const GallerySettings& settings);
 
     std::unique_ptr<Ui::WindowMain> ui_;
     ImageCatalogue catalogue_;

@@ -13,4 +13,6 @@ struct GallerySettings {
     QString textColor;
     QString captionColor;
     bool fullPageWidth = true;
+
+    bool operator==(const GallerySettings&) const = default;
 };

@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QFileDialog>
 #include <QMessageBox>
+
+#include "platform/specialfolders.h"
 
 namespace {
 
@@ -73,6 +76,12 @@ bool QtDialogs::pickColour(QColor& colour, const QString& prompt) {
     return true;
 }
 
+QString QtDialogs::chooseFolder() {
+    // Galleries are made of pictures: the chooser starts where they usually are.
+    return QFileDialog::getExistingDirectory(dialogParent(), QStringLiteral("Open Folder"),
+                                             SpecialFolder::Pictures());
+}
+
 namespace platform {
 
 Dialogs& dialogs() {
@@ -100,4 +109,8 @@ void Beep() {
 
 bool SelectColor(QColor& colour, const QString& prompt, bool) {
     return platform::dialogs().pickColour(colour, prompt);
+}
+
+QString SelectFolder() {
+    return platform::dialogs().chooseFolder();
 }

@@ -18,6 +18,8 @@ public:
     virtual void beep() = 0;
     // The colour picker, opened on `colour` with `prompt`. On true `colour` holds the pick.
     virtual bool pickColour(QColor& colour, const QString& prompt) = 0;
+    // The platform's folder chooser; the chosen folder's path, or empty when the user cancelled.
+    virtual QString chooseFolder() = 0;
 };
 
 // The real dialogs, on Qt's message box, beep and colour dialog.
@@ -27,6 +29,7 @@ public:
     int ask(const QString& text, int buttons, const QString& title) override;
     void beep() override;
     bool pickColour(QColor& colour, const QString& prompt) override;
+    QString chooseFolder() override;
 };
 
 namespace platform {
@@ -44,3 +47,5 @@ int MsgBox(const QString& text, int buttons, const QString& title);
 void Beep();
 // Returns whether the user took a colour; `colour` is left alone otherwise.
 bool SelectColor(QColor& colour, const QString& prompt, bool flag);
+// The folder the user chose, or empty.
+QString SelectFolder();

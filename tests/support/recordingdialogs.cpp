@@ -22,6 +22,11 @@ bool RecordingDialogs::pickColour(QColor& colour, const QString& prompt) {
     return true;
 }
 
+QString RecordingDialogs::chooseFolder() {
+    ++folderChoosers;
+    return folders.isEmpty() ? QString() : folders.dequeue();
+}
+
 void RecordingDialogs::clear() {
     *this = RecordingDialogs();
 }

@@ -20,6 +20,7 @@ public:
     int ask(const QString& text, int buttons, const QString& title) override;
     void beep() override;
     bool pickColour(QColor& colour, const QString& prompt) override;
+    QString chooseFolder() override;
 
     void clear();
 
@@ -33,4 +34,7 @@ public:
     QQueue<int> answers;
     // Colours the user takes in order; an empty entry, or an empty queue, cancels the picker.
     QQueue<std::optional<QColor>> colours;
+    // Folders the user chooses in order; an empty queue cancels the chooser.
+    QQueue<QString> folders;
+    int folderChoosers = 0;
 };

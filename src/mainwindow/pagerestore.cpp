@@ -1,0 +1,35 @@
+#include "mainwindow/pagerestore.h"
+
+#include <QHash>
+#include <vector>
+
+QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& slides) {
+    const int count = catalogue.ListCount();
+    QHash<QString, int> rowOfName;
+    rowOfName.reserve(count);
+    for (int row = 0; row < count; ++row) rowOfName.insert(catalogue.Cell(row, 1), row);
+
+    QList<int> order;
+    order.reserve(count);
+    QStringList captions;
+    std::vector<bool> placed(static_cast<std::size_t>(count));
+    QStringList missing;
+    for (const PageSlide& slide : slides) {
+        const auto found = rowOfName.constFind(slide.fileName);
+        if (found == rowOfName.cend()) {
+            missing << slide.fileName;
+        } else if (!placed[*found]) {
+            // A picture the page shows twice keeps its first place.
+            placed[*found] = true;
+            order << *found;
+            captions << slide.caption;
+        }
+    }
+    for (int row = 0; row < count; ++row)
+        if (!placed[row]) order << row;
+    catalogue.arrange(order);
+    for (int row = 0; row < captions.size(); ++row)
+        catalogue.setCell(row, CatalogueRow::kCaptionCell, captions[row]);
+    missing.removeDuplicates();
+    return missing;
+}

@@ -1,0 +1,153 @@
+#include "page/galleryreader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <utility>
+
+#include "page/htmlwindow.h"
+#include "page/pagetext.h"
+
+namespace {
+
+// Larger than any page of a folder of pictures; an HTML file past it is not read at all.
+constexpr qint64 kLargestPage = 64 * 1024 * 1024;
+
+const QStringList& pageFileNames() {
+    static const QStringList patterns = {QStringLiteral("*.html"), QStringLiteral("*.htm")};
+    return patterns;
+}
+
+// The part of `line` between a fixed start and a fixed end, as the writer builds its lines.
+std::optional<QStringView> between(QStringView line, QStringView start, QStringView end) {
+    if (line.size() < start.size() + end.size() || !line.startsWith(start) || !line.endsWith(end))
+        return std::nullopt;
+    return line.sliced(start.size(), line.size() - start.size() - end.size());
+}
+
+// A title or caption for a one-line field. A line break that a character reference brings in
+// (a page edited by hand) becomes a blank: written again as it is, it would split the line.
+QString fieldText(QStringView html) {
+    QString text = pageText::unescaped(html.toString());
+    for (QChar& c : text)
+        if (c == u'\n' || c == u'\r') c = u' ';
+    return text;
+}
+
+struct ColouredText {
+    QString colour;
+    QString text;
+};
+
+// A line of the form start + colour + separator + text + end. The colour goes into the page as
+// it is, the text escaped, without a '>': so the last separator is the one that follows the
+// colour.
+std::optional<ColouredText> colouredText(QStringView line, QStringView start, QStringView separator,
+                                         QStringView end) {
+    const std::optional<QStringView> inner = between(line, start, end);
+    const qsizetype cut = inner ? inner->lastIndexOf(separator) : -1;
+    if (cut < 0) return std::nullopt;
+    return ColouredText{inner->first(cut).toString(),
+                        fieldText(inner->sliced(cut + separator.size()))};
+}
+
+QStringView firstLineOf(const QString& block) {
+    return QStringView(block).first(block.indexOf(u'\r'));
+}
+
+// The writer's lines in the order they come, each found by its fixed parts.
+enum class Stage { Title, Body, Heading, SubHeading, Carousel, Slides, Controls, Done };
+
+}  // namespace
+
+std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
+    const QString text = QString::fromUtf8(bytes);
+    const QStringView carouselLine = firstLineOf(htmlWindow::carousel01());
+    const QStringView controlsLine = firstLineOf(htmlWindow::bodyClose()).trimmed();
+    const QStringView captionStart =
+        u"<div class='carousel-caption d-none d-md-block' style='color:";
+
+    GalleryPage page;
+    GallerySettings& settings = page.settings;
+    Stage stage = Stage::Title;
+    // The writer puts each slide's caption on the line right after its image.
+    bool captionDue = false;
+    for (QStringView line : QStringView(text).tokenize(u'\n')) {
+        line = line.trimmed();
+        switch (stage) {
+            case Stage::Title:
+                if (const auto title = between(line, u"<title>", u"</title>")) {
+                    settings.galleryHTMLtitle = fieldText(*title);
+                    stage = Stage::Body;
+                }
+                break;
+            case Stage::Body:
+                if (const auto colour = between(line, u"<body style='background-color:", u";'>")) {
+                    settings.bgColor = colour->toString();
+                    stage = Stage::Heading;
+                }
+                break;
+            case Stage::Heading:
+                if (line == u"<div class='container'>") settings.fullPageWidth = false;
+                if (auto heading = colouredText(line, u"<h1 class='display-4' style='color:",
+                                                u";'>", u"</h1>")) {
+                    settings.textColor = std::move(heading->colour);
+                    settings.galleryTitle = std::move(heading->text);
+                    stage = Stage::SubHeading;
+                }
+                break;
+            case Stage::SubHeading:
+                if (auto sub =
+                        colouredText(line, u"<p class='h4' style='color:", u";'>", u"</p>")) {
+                    settings.gallerySubTitle = std::move(sub->text);
+                    stage = Stage::Carousel;
+                }
+                break;
+            case Stage::Carousel:
+                if (line == carouselLine) stage = Stage::Slides;
+                break;
+            case Stage::Slides:
+                if (captionDue) {
+                    auto caption = colouredText(line, captionStart, u"'><h5>", u"</h5></div>");
+                    if (!caption) return std::nullopt;
+                    if (page.slides.size() == 1) settings.captionColor = std::move(caption->colour);
+                    page.slides.last().caption = std::move(caption->text);
+                    captionDue = false;
+                } else if (const auto address =
+                               between(line, u"<img src='", u"' class='d-block w-100' alt=''>")) {
+                    page.slides.append({pageText::fileNameOfAddress(address->toString()), {}});
+                    captionDue = true;
+                } else if (line == controlsLine && !page.slides.isEmpty()) {
+                    stage = Stage::Controls;
+                }
+                break;
+            case Stage::Controls:
+                if (line == u"</html>") stage = Stage::Done;
+                break;
+            case Stage::Done:
+                break;
+        }
+    }
+    if (stage != Stage::Done) return std::nullopt;
+    // The writer fills the first slide with an empty name when the gallery has no image.
+    page.slides.removeIf([](const PageSlide& slide) { return slide.fileName.isEmpty(); });
+    return page;
+}
+
+std::optional<GalleryPageFile> readGalleryPageFile(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.isFile() || !QDir::match(pageFileNames(), info.fileName())) return std::nullopt;
+    QFile file(path);
+    if (file.size() > kLargestPage || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+    std::optional<GalleryPage> page = readGalleryPage(file.readAll());
+    if (!page) return std::nullopt;
+    return GalleryPageFile{path, std::move(*page)};
+}
+
+std::optional<GalleryPageFile> newestGalleryPageIn(const QString& folder) {
+    const QFileInfoList candidates =
+        QDir(folder).entryInfoList(pageFileNames(), QDir::Files | QDir::Hidden, QDir::Time);
+    for (const QFileInfo& candidate : candidates)
+        if (auto found = readGalleryPageFile(candidate.filePath())) return found;
+    return std::nullopt;
+}
