@@ -1,9 +1,9 @@
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLayout>
-#include <QRadioButton>
 #include <QTest>
 
 #include "app/app.h"
@@ -25,20 +25,27 @@ Control* control(const char* name) {
 void click(const char* name) {
     QTest::mouseClick(control(name), Qt::LeftButton);
 }
-bool checked(const char* name) {
-    return control<QAbstractButton>(name)->isChecked();
-}
-QString labelText(const char* name) {
-    return control<QLabel>(name)->text();
-}
-QComboBox* quality() {
-    return control<QComboBox>("PopupMenuQuality");
-}
-int frameHeight() {
-    return control("RectangleFrame")->height();
-}
 void deleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+// What the window shows: its checked buttons, the path, the quality (in brackets while the popup
+// is off) and its description, the frame width as written and as drawn.
+QString shown() {
+    QStringList checked;
+    for (const auto* button :
+         existingInstance<WindowPreferences>()->findChildren<QAbstractButton*>())
+        if (button->isChecked()) checked << button->objectName();
+    checked.sort();
+    const auto* quality = control<QComboBox>("PopupMenuQuality");
+    const QString text = quality->currentText();
+    return QStringList{
+        checked.join(' '),
+        control<QLabel>("LabelPath")->text(),
+        quality->isEnabled() ? text : "(" + text + ")",
+        control("LabelQuality")->isVisible() ? control<QLabel>("LabelQuality")->text() : "",
+        control<QLabel>("LabelFrameWidth")->text(),
+        QString::number(control("RectangleFrame")->height())}
+        .join('|');
 }
 
 // The settings of App that the window shows and changes, and those the file holds.
@@ -84,33 +91,26 @@ private slots:
         App::instance()->_Preferences_Action();
         QCOMPARE(existingInstance<WindowPreferences>()->parentWidget(),
                  App::instance()->windowMain());
-        QCOMPARE(labelText("LabelPath"), "Default path ...");
-        QVERIFY(checked("savePathButton_0") && checked("saveImageFormat_0"));
-        QVERIFY(quality()->isEnabled());
-        QCOMPARE(quality()->currentText(), "Min. quality");
-        QCOMPARE(labelText("LabelQuality"), "Smallest file size, very low quality");
-        QVERIFY(!checked("CheckBoxPrefs") && checked("RadioButtonFrame_0"));
         // Frame width 0 asks the slider for less than its minimum: it stands at 1 and says so.
-        QCOMPARE(control<Slider>("SliderFrameWidth")->value(), 1);
-        QCOMPARE(frameHeight(), 1);
-        QCOMPARE(labelText("LabelFrameWidth"), "1px");
+        QCOMPARE(shown(),
+                 "RadioButtonFrame_0 saveImageFormat_0 savePathButton_0|Default path ...|"
+                 "Min. quality|Smallest file size, very low quality|1px|1");
     }
 
     void okStoresEverySettingAndRepaintsThePreview() {
         App::instance()->_Preferences_Action();
         click("savePathButton_1");
-        QCOMPARE(labelText("LabelPath"), SpecialFolder::Documents() + "/");
         click("saveImageFormat_1");
-        QVERIFY(quality()->isEnabled() && control("LabelQuality")->isVisible());
-        quality()->setCurrentIndex(3);
-        QCOMPARE(labelText("LabelQuality"), "Small file size, low quality");
-        click("saveImageFormat_0");
-        QVERIFY(!quality()->isEnabled() && !control("LabelQuality")->isVisible());
+        control<QComboBox>("PopupMenuQuality")->setCurrentIndex(3);
         click("CheckBoxPrefs");
         click("RadioButtonFrame_1");
         control<Slider>("SliderFrameWidth")->setValue(12);
-        QCOMPARE(frameHeight(), 12);
-        QCOMPARE(labelText("LabelFrameWidth"), "12px");
+        const QString documents = SpecialFolder::Documents() + "/";
+        QCOMPARE(shown(), "CheckBoxPrefs RadioButtonFrame_1 saveImageFormat_1 savePathButton_1|" +
+                              documents + "|Low quality|Small file size, low quality|12px|12");
+        click("saveImageFormat_0");  // PNG is lossless: no quality to choose
+        QCOMPARE(shown(), "CheckBoxPrefs RadioButtonFrame_1 saveImageFormat_0 savePathButton_1|" +
+                              documents + "|(Low quality)||12px|12");
         TestEnvironment::dialogs().colours.enqueue(QColor(200, 10, 10));
         click("PushButtonColor");
 
@@ -124,11 +124,10 @@ private slots:
         deleteClosedWindows();
         QVERIFY(!existingInstance<WindowPreferences>());
 
-        // The next opening shows what App holds now.
+        // The next opening shows what App holds now; only a change of format turns the popup off.
         App::instance()->_Preferences_Action();
-        QVERIFY(checked("savePathButton_1") && checked("RadioButtonFrame_1"));
-        QCOMPARE(frameHeight(), 12);
-        QCOMPARE(quality()->currentIndex(), 3);
+        QCOMPARE(shown(), "CheckBoxPrefs RadioButtonFrame_1 saveImageFormat_0 savePathButton_1|" +
+                              documents + "|Low quality|Small file size, low quality|12px|12");
     }
 
     void cancelAndNoFrameLeaveWhatTheyShould() {
