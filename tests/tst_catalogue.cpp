@@ -2,85 +2,99 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "catalogue/filetypes.h"
 #include "catalogue/imagecatalogue.h"
-#include "platform/text.h"
+#include "catalogue/stripextension.h"
 #include "support/testenvironment.h"
 
 namespace {
-void fill(ImageCatalogue& catalogue, const QStringList& names) {
-    for (const QString& name : names) {
-        catalogue.AddRow(name);
-        catalogue.setCell(catalogue.LastIndex(), 1, name + ".jpg");
-        catalogue.setCell(catalogue.LastIndex(), 7, "caption of " + name);
+using Pairs = QList<std::pair<QString, QString>>;
+
+// A row for each letter, its caption the letter in upper case.
+void fill(ImageCatalogue& catalogue, const QString& letters) {
+    for (const QChar letter : letters) {
+        catalogue.AddRow(letter);
+        catalogue.setCell(catalogue.LastIndex(), 7, letter.toUpper());
     }
 }
 
-QStringList firstCells(const ImageCatalogue& catalogue) {
-    QStringList names;
-    for (int row = 0; row < catalogue.ListCount(); ++row) names.append(catalogue.Cell(row, 0));
-    return names;
+// The rows as "name=caption", so that a caption left behind by its row shows.
+QString rows(const ImageCatalogue& catalogue) {
+    QStringList shown;
+    for (int row = 0; row < catalogue.ListCount(); ++row)
+        shown << catalogue.Cell(row, 0) + "=" + catalogue.Cell(row, 7);
+    return shown.join(' ');
+}
+
+void select(ImageCatalogue& catalogue, int row) {
+    catalogue.selectionModel()->select(catalogue.index(row, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 }  // namespace
 
 class CatalogueTest : public QObject {
     Q_OBJECT
 private slots:
-    void startsEmptyWithItsStartTexts() {
-        ImageCatalogue catalogue;
-        QCOMPARE(catalogue.ListCount(), 0);
-        QCOMPARE(catalogue.ListIndex(), -1);
-        QCOMPARE(catalogue.LastIndex(), -1);
-        QCOMPARE(catalogue.countText(), QString("0 images"));
-        QCOMPARE(catalogue.renameFlag(), QString("no"));
-        QCOMPARE(catalogue.columnCount(), 6);
-        QCOMPARE(catalogue.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(),
-                 QString("Image path"));
+    // The list name of a file loses only a known image extension, the last one, in any case;
+    // the Image type column names the first type of the table that lists the extension.
+    void namesAndTypesComeFromTheExtension() {
+        // clang-format off
+        const Pairs names = {
+            {"photo.jpg", "photo"},       {"PHOTO.JPG", "PHOTO"},       {"photo.Jpg", "photo"},
+            {"a.2019.b.png", "a.2019.b"}, {"README", "README"},         {"", ""},
+            {"a.tar.gz", "a.tar.gz"},     {"x.jpeg.bak", "x.jpeg.bak"}, {"photo.", "photo."},
+            {".jpg", ""},                 {"a..tif", "a."},             {"s.pict", "s.pict"},
+            {"s.jp2", "s.jp2"},           {"s.jpe", "s.jpe"},           {".hidden", ".hidden"},
+            {"Café Zürich.png", "Café Zürich"}};
+        const Pairs types = {
+            {"jpg", "image/jpeg"}, {".JPEG", "image/jpeg"},     {"png", "image/png"},
+            {"tif", "image/tiff"}, {"pict", "image/x-macpict"}, {"rgb", "image/x-rgb"},
+            {"psd", "image/psd"},  {"webp", ""},                {"", ""}};
+        // clang-format on
+        for (const auto& [name, listName] : names) QCOMPARE(stripExtension(name), listName);
+        for (const auto& [extension, type] : types)
+            QCOMPARE(fileTypes::typeOfExtension(extension), type);
     }
 
-    void updateTheListWritesCountAndProgressAndSelectsTheLastAddedRow() {
+    void countsAndHeadingsReadAsTheListShowsThem() {
         ImageCatalogue catalogue;
-        catalogue.updateTheList();
-        QCOMPARE(catalogue.countText(), QString("0 images"));
-        QCOMPARE(catalogue.progressText(), QString("0 images added, please wait."));
-        QCOMPARE(catalogue.ListIndex(), -1);
-
-        catalogue.AddRow("a");
-        QCOMPARE(catalogue.ListIndex(), -1);  // adding does not select
-        catalogue.updateTheList();
-        QCOMPARE(catalogue.countText(), QString("1 image"));
-        QCOMPARE(catalogue.progressText(), QString("1 images added, please wait."));
-
-        fill(catalogue, {"b", "c", "d", "e", "f", "g"});
-        catalogue.updateTheList();
-        QCOMPARE(catalogue.countText(), QString("7 images"));
-        QCOMPARE(catalogue.progressText(), QString("7 images added, please wait."));
-        QCOMPARE(catalogue.ListIndex(), 6);
-        QCOMPARE(catalogue.SelCount(), 1);
-        QCOMPARE(text::Val(catalogue.countText()), 7.0);
+        QStringList headings;
+        for (int column = 0; column < catalogue.columnCount(); ++column)
+            headings << catalogue.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        QCOMPARE(headings, QStringList({"Picture name", "Original name", "Image path", "Image type",
+                                        "Width", "Height"}));
+        QCOMPARE(catalogue.countText() + catalogue.renameFlag(), QString("0 imagesno"));
+        // Each update counts the rows and selects the row added last; adding alone selects none.
+        for (const auto& [letters, count] :
+             Pairs{{"", "0 images"}, {"a", "1 image"}, {"bcdefg", "7 images"}}) {
+            fill(catalogue, letters);
+            QCOMPARE(catalogue.ListIndex(), -1);
+            catalogue.updateTheList();
+            QCOMPARE(catalogue.countText(), count);
+            QCOMPARE(catalogue.progressText(),
+                     QString::number(catalogue.ListCount()) + " images added, please wait.");
+            QCOMPARE(catalogue.ListIndex(), catalogue.ListCount() - 1);
+            catalogue.setListIndex(-1);
+        }
     }
 
     void theCaptionCellLivesBeyondTheColumns() {
         ImageCatalogue catalogue;
-        fill(catalogue, {"a"});
-        QCOMPARE(catalogue.Cell(0, 7), QString("caption of a"));
-        QCOMPARE(catalogue.Cell(0, 6), QString());
-        catalogue.setCell(0, 6, "ignored");
-        QCOMPARE(catalogue.Cell(0, 6), QString());
+        fill(catalogue, "a");
         for (int column = 0; column < catalogue.columnCount(); ++column)
-            QVERIFY(catalogue.index(0, column).data().toString() != "caption of a");
+            QVERIFY(catalogue.index(0, column).data().toString() != "A");
         QVERIFY(!(catalogue.flags(catalogue.index(0, 0)) & Qt::ItemIsEditable));
         // A row that does not exist neither fails nor takes the text.
         catalogue.setCell(-1, 7, "nobody");
         catalogue.setCell(5, 7, "nobody");
-        QCOMPARE(catalogue.Cell(-1, 7), QString());
+        QCOMPARE(rows(catalogue), QString("a=A"));
     }
 
     void listIndexSelectsOneRowOrNothingAndAlwaysNotifies() {
         ImageCatalogue catalogue;
-        fill(catalogue, {"a", "b", "c"});
+        fill(catalogue, "abc");
         QSignalSpy change(&catalogue, &ImageCatalogue::Change);
         catalogue.setListIndex(1);
-        QCOMPARE(catalogue.ListIndex(), 1);
         QCOMPARE(catalogue.Text(), QString("b"));
         // The list's keys go on from the row the program selected last, once it is done.
         catalogue.setListIndex(0);
@@ -91,28 +105,22 @@ private slots:
         catalogue.setListIndex(1);
         QCOMPARE(change.count(), 4);
 
-        catalogue.selectionModel()->select(catalogue.index(2, 0),
-                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        select(catalogue, 2);
         QCOMPARE(change.count(), 5);  // a change by the user notifies too
         QCOMPARE(catalogue.SelCount(), 2);
-        QCOMPARE(catalogue.ListIndex(), 1);
-        QVERIFY(catalogue.Selected(2));
-        QVERIFY(!catalogue.Selected(0));
-        catalogue.selectionModel()->select(catalogue.index(0, 0),
-                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QVERIFY(catalogue.Selected(2) && !catalogue.Selected(0));
+        select(catalogue, 0);
         QCOMPARE(catalogue.ListIndex(), 0);  // first in row order, not in the order of picking
 
         catalogue.setListIndex(3);
-        QCOMPARE(catalogue.ListIndex(), -1);
         QCOMPARE(catalogue.SelCount(), 0);
         catalogue.setText("nobody");
-        QCOMPARE(firstCells(catalogue), QStringList({"a", "b", "c"}));
+        QCOMPARE(rows(catalogue), QString("a=A b=B c=C"));
     }
 
     void lastIndexStaysOnAnExistingRow() {
         ImageCatalogue catalogue;
-        fill(catalogue, {"a", "b", "c", "d"});
-        QCOMPARE(catalogue.LastIndex(), 3);
+        fill(catalogue, "abcd");
         catalogue.setListIndex(3);
         QSignalSpy change(&catalogue, &ImageCatalogue::Change);
         catalogue.RemoveRow(3);
@@ -120,48 +128,35 @@ private slots:
         QCOMPARE(catalogue.LastIndex(), 2);
         catalogue.RemoveRow(0);
         QCOMPARE(catalogue.LastIndex(), 1);
-        QCOMPARE(firstCells(catalogue), QStringList({"b", "c"}));
-        catalogue.moveRowsTo({1}, 0);
-        QCOMPARE(firstCells(catalogue), QStringList({"c", "b"}));
-        QCOMPARE(catalogue.LastIndex(), 1);
+        QCOMPARE(rows(catalogue), QString("b=B c=C"));
         catalogue.DeleteAllRows();
         QCOMPARE(catalogue.LastIndex(), -1);
-        QCOMPARE(catalogue.ListIndex(), -1);
         catalogue.setListIndex(0);  // nothing to select, and nothing fails
         QCOMPARE(catalogue.ListIndex(), -1);
     }
 
     void draggedRowsMoveWholeWithTheirCaptionsAndSelection() {
         ImageCatalogue catalogue;
-        fill(catalogue, {"a", "b", "c", "d", "e"});
+        fill(catalogue, "abcde");
         catalogue.setListIndex(3);
         catalogue.moveRowsTo({3, 1}, 0);
-        QCOMPARE(firstCells(catalogue), QStringList({"b", "d", "a", "c", "e"}));
-        QCOMPARE(catalogue.Cell(1, 7), QString("caption of d"));
-        QCOMPARE(catalogue.Cell(1, 1), QString("d.jpg"));
+        QCOMPARE(rows(catalogue), QString("b=B d=D a=A c=C e=E"));
         QCOMPARE(catalogue.ListIndex(), 1);  // the selection went with its row
-
         catalogue.moveRowsTo({0}, 5);
-        QCOMPARE(firstCells(catalogue), QStringList({"d", "a", "c", "e", "b"}));
+        QCOMPARE(rows(catalogue), QString("d=D a=A c=C e=E b=B"));
 
-        // The list control's own drag goes through the model's drag data.
-        QMimeData* dragged = catalogue.mimeData({catalogue.index(4, 0), catalogue.index(4, 3)});
-        QVERIFY(catalogue.canDropMimeData(dragged, Qt::MoveAction, 1, 0, {}));
-        catalogue.dropMimeData(dragged, Qt::MoveAction, 1, 0, {});
-        delete dragged;
-        QCOMPARE(firstCells(catalogue), QStringList({"d", "b", "a", "c", "e"}));
-        QCOMPARE(catalogue.Cell(1, 7), QString("caption of b"));
-        QCOMPARE(catalogue.ListCount(), 5);
-    }
-
-    void rowsWithTheSamePathStayIndependent() {
-        ImageCatalogue catalogue;
-        fill(catalogue, {"same", "same"});
-        catalogue.setCell(0, 2, "/p/same.jpg");
-        catalogue.setCell(1, 2, "/p/same.jpg");
-        catalogue.setCell(1, 7, "second");
-        QCOMPARE(catalogue.Cell(0, 7), QString("caption of same"));
-        QCOMPARE(catalogue.Cell(1, 7), QString("second"));
+        // The list control's own drag goes through the model's drag data: dropped between two
+        // rows, or onto a row, the rows land before it.
+        for (const auto& [onto, order] : QList<std::pair<int, QString>>{
+                 {-1, "d=D b=B a=A c=C e=E"}, {0, "b=B d=D a=A c=C e=E"}}) {
+            const QScopedPointer<QMimeData> dragged(
+                catalogue.mimeData({catalogue.index(4, 0), catalogue.index(4, 3)}));
+            QVERIFY(catalogue.canDropMimeData(dragged.get(), Qt::MoveAction, 1, 0, {}));
+            catalogue.dropMimeData(dragged.get(), Qt::MoveAction, onto < 0 ? 1 : -1, 0,
+                                   catalogue.index(onto, 0));
+            QCOMPARE(rows(catalogue), order);
+            catalogue.moveRowsTo({1}, 5);
+        }
     }
 };
 

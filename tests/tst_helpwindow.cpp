@@ -27,10 +27,8 @@ private slots:
     void eachTabHoldsItsOwnTextReadOnly() {
         sharedInstance<VelmoraHelp>()->Show();
         QStringList titles;
-        for (int tab = 0; tab < panel()->count(); ++tab) titles << panel()->tabText(tab);
-        QCOMPARE(titles, QStringList({"English", "Italiano", "Français", "Deutsch", "Español",
-                                      "にほんご", "中文"}));
         for (int tab = 0; tab < panel()->count(); ++tab) {
+            titles << panel()->tabText(tab);
             const auto areas = panel()->widget(tab)->findChildren<QPlainTextEdit*>();
             QCOMPARE(areas.size(), 1);
             QVERIFY(areas[0]->isReadOnly());
@@ -40,25 +38,27 @@ private slots:
             // English ends on its last line, the others with a line break.
             QCOMPARE(linesOfTab(tab).size(), tab == 0 ? 15 : 16);
         }
-        QCOMPARE(linesOfTab(0)[12],
-                 "Click on \"Write the gallery page\" and the page with the HTML code will be "
-                 "generated and saved in the folder of the chosen images.");
-        QCOMPARE(linesOfTab(2)[14], "Voilà, rien de plus facile !");
-        QCOMPARE(
-            linesOfTab(3)[6],
-            "2. Velmora öffnen und den Ordner, der die Bilder enthält, in das Fenster ziehen.");
-        QCOMPARE(linesOfTab(4)[0],
-                 "¡Crear una galería de fotos para la web nunca ha sido tan fácil!");
-        QCOMPARE(linesOfTab(5)[7], "3. タイトル、サブタイトル（オプション）を挿入します。");
-        QCOMPARE(linesOfTab(6)[12],
-                 "点击 \"编写图库页面\"，就会生成带有HTML代码的页面，并保存在选定的图片文件夹中。");
+        QCOMPARE(titles, QStringList({"English", "Italiano", "Français", "Deutsch", "Español",
+                                      "にほんご", "中文"}));
+        const QList<std::tuple<int, int, QString>> lines = {
+            {0, 12,
+             "Click on \"Write the gallery page\" and the page with the HTML code will be "
+             "generated and saved in the folder of the chosen images."},
+            {2, 14, "Voilà, rien de plus facile !"},
+            {3, 6,
+             "2. Velmora öffnen und den Ordner, der die Bilder enthält, in das Fenster ziehen."},
+            {4, 0, "¡Crear una galería de fotos para la web nunca ha sido tan fácil!"},
+            {5, 7, "3. タイトル、サブタイトル（オプション）を挿入します。"},
+            {6, 12,
+             "点击 \"编写图库页面\"，就会生成带有HTML代码的页面，并保存在选定的图片文件夹中。"}};
+        for (const auto& [tab, line, text] : lines) QCOMPARE(linesOfTab(tab)[line], text);
         closeWithOk();
         QVERIFY(!existingInstance<VelmoraHelp>());
     }
 
     void aNewOpeningStartsOnEnglish() {
         VelmoraHelp* help = sharedInstance<VelmoraHelp>();
-        help->ShowWithin(nullptr);
+        help->Show();
         panel()->setCurrentIndex(3);
         sharedInstance<VelmoraHelp>()->Show();
         QCOMPARE(sharedInstance<VelmoraHelp>(), help);

