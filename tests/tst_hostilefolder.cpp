@@ -17,29 +17,11 @@
 #include "preview/imagecanvas.h"
 #include "support/photolike.h"
 #include "support/testenvironment.h"
+#include "support/testpictures.h"
 
 namespace {
 const QByteArray kGif1x1 =
     QByteArray::fromHex("47494638396101000100800000000000ffffff2c000000000100010000020144003b");
-
-quint32 crc32(const QByteArray& bytes) {
-    quint32 crc = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        crc ^= quint8(byte);
-        for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320 & (0 - (crc & 1)));
-    }
-    return ~crc;
-}
-
-QByteArray pngChunk(const char* type, const QByteArray& data) {
-    QByteArray body = QByteArray(type) + data;
-    QByteArray chunk;
-    QDataStream out(&chunk, QIODevice::WriteOnly);
-    out << quint32(data.size());
-    out.writeRawData(body.constData(), body.size());
-    out << crc32(body);
-    return chunk;
-}
 
 // A well-formed PNG header declaring 100000 x 100000 RGB pixels, followed by its first rows only:
 // a decoder that took the header at its word would ask for 40 GB.
@@ -149,7 +131,7 @@ private slots:
         for (int row = 0; row < catalogue.ListCount(); ++row) {
             const QString name = catalogue.Cell(row, 1);
             const QSize canvasBefore = canvas->size();
-            const QImage smallBefore = App::instance()->opSmall;
+            const FramedPreview smallBefore = App::instance()->opSmall;
             const QString infoBefore = info->text();
             catalogue.setListIndex(row);
             QCoreApplication::processEvents();

@@ -3,12 +3,12 @@
 #include <QEvent>
 
 #include "app/app.h"
-#include "platform/designfonts.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/owner.h"
 #include "auxwindows/ui_windowabout.h"
 #include "auxwindows/windowabout2.h"
 #include "mainwindow/windowmain.h"
+#include "platform/designfonts.h"
 #include "platform/desktop.h"
 #include "platform/sharedwindow.h"
 #include "resources/namedpictures.h"
@@ -26,7 +26,7 @@ WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent), ui(new Ui::Win
     useDesignFontSizes(this);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     showInImageWell(ui->ImageWell1, pictures::pebble512());
-    ui->BevelButton1->setIcon(pictures::pixmapOf(pictures::paypal()));
+    ui->BevelButton1->setIcon(pictures::iconOf(pictures::paypal()));
     ui->Label3->setText(QStringLiteral("v.2.1 - ") + owner::maker +
                         QStringLiteral(" - December 2020"));
     ui->Label4->setText(owner::webAddress);

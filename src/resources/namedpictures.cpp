@@ -2,6 +2,8 @@
 
 #include <QHash>
 
+#include "resources/pictureiconengine.h"
+
 static void loadPictureResources() {
     Q_INIT_RESOURCE(resources);
 }
@@ -43,8 +45,8 @@ PicturePtr blue() {
     return named(QStringLiteral("blue"));
 }
 
-QPixmap pixmapOf(const PicturePtr& picture) {
-    return picture ? QPixmap::fromImage(picture->decode()) : QPixmap();
+QIcon iconOf(const PicturePtr& picture) {
+    return QIcon(new PictureIconEngine(picture));
 }
 
 }  // namespace pictures

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QIcon>
-#include <QPixmap>
 
 #include "platform/picture.h"
 
@@ -17,7 +16,8 @@ PicturePtr hubble();
 PicturePtr help();
 PicturePtr blue();
 
-// A named picture drawn at its own size, for image wells and button icons.
-QPixmap pixmapOf(const PicturePtr& picture);
+// A named picture as a button's icon, drawn from the vector picture at the size and pixel
+// density it is shown at.
+QIcon iconOf(const PicturePtr& picture);
 
 }  // namespace pictures
