@@ -7,8 +7,11 @@
 #include <algorithm>
 #include <cmath>
 
-// AVIF, which no Qt image plugin of the platform reads, comes from the program's own reader.
-Q_IMPORT_PLUGIN(AvifPlugin)
+#include "platform/stillwebphandler.h"
+
+// AVIF, which no Qt image plugin of the platform reads, and still WebP decoded at a smaller size
+// come from the program's own readers.
+Q_IMPORT_PLUGIN(ReadersPlugin)
 
 namespace {
 
@@ -22,6 +25,18 @@ int decodesSoFar = 0;
 
 void prepare(QImageReader& reader) {
     QImageReader::setAllocationLimit(kAllocationLimitMB);
+    reader.setDecideFormatFromContent(true);
+}
+
+// A still WebP picture is read by the program's own reader, which decodes at the wanted size.
+void preferScaledDecoding(QImageReader& reader) {
+    if (reader.format() != "webp") return;
+    reader.setFileName(reader.fileName());
+    reader.setDecideFormatFromContent(false);
+    reader.setFormat(StillWebpHandler::kFormat);
+    if (reader.canRead()) return;
+    reader.setFileName(reader.fileName());  // an animation: Qt's reader takes it
+    reader.setFormat({});
     reader.setDecideFormatFromContent(true);
 }
 
@@ -78,6 +93,7 @@ QImage Picture::decode(QSize target, QRect part) const {
 
     QImageReader reader(path_);
     prepare(reader);
+    preferScaledDecoding(reader);
     reader.setAutoTransform(true);
     // The reader scales the picture as stored and turns it upright afterwards.
     const QSize storedWanted = turned() ? wanted.transposed() : wanted;
