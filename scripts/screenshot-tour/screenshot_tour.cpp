@@ -128,14 +128,20 @@ private:
         settle();
     }
 
+    void select(const QString& name) {
+        ImageCatalogue& catalogue = main_->catalogue();
+        for (int row = 0; row < catalogue.ListCount(); ++row)
+            if (catalogue.Cell(row, 1) == name) catalogue.setListIndex(row);
+        settle();
+    }
+
     void galleryDropped() {
         dropFolder(main_, samplefolders::writeGallery(pictures_.path()));
         settle();
-        ImageCatalogue& catalogue = main_->catalogue();
-        for (int row = 0; row < catalogue.ListCount(); ++row)
-            if (catalogue.Cell(row, 1) == QStringLiteral("Plage à Nice.jpg"))
-                catalogue.setListIndex(row);
-        settle();
+        // A photo stored sideways shows upright.
+        select(QStringLiteral("Château d'Èze.jpg"));
+        grab("02-main-portrait-photo");
+        select(QStringLiteral("Plage à Nice.jpg"));
         typeInto(control<QLineEdit>(main_, "imgCaption"),
                  QStringLiteral("Sunset over the Baie des Anges, à bientôt!"));
         typeInto(control<QLineEdit>(main_, "galleryTitle"), QStringLiteral("Côte d'Azur"));
