@@ -53,13 +53,8 @@ QByteArray jpegWithOrientation(const QImage& image, int orientation) {
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "JPEG", 95);
     // APP1: "Exif", a big-endian TIFF header, and one entry: Orientation, a SHORT.
-    const QByteArray exif(
-        "\xFF\xE1\0\x22"
-        "Exif\0\0"
-        "MM\0*\0\0\0\x08"
-        "\0\x01"
-        "\x01\x12\0\x03\0\0\0\x01\0",
-        29);
+    const QByteArray exif =
+        QByteArray::fromHex("ffe100224578696600004d4d002a000000080001011200030000000100");
     return jpeg.insert(2, exif + char(orientation) + QByteArray(6, '\0'));
 }
 
