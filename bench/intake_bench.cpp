@@ -1,6 +1,7 @@
 // Times dropping a folder of camera-sized JPEGs on the main window, per file, against reading
 // the first 64 KiB of each of the same files in the same run, and reports the peak memory of the
-// process. Prints figures; checks nothing.
+// process. One folder holds photos stored sideways with an EXIF orientation tag, as phones store
+// portrait shots. Prints figures; checks nothing.
 //
 // The folders are written by a child run of this program, so that the pictures it encodes do not
 // count in this process's peak memory.
@@ -20,20 +21,25 @@
 #include "mainwindow/windowmain.h"
 #include "support/dropfiles.h"
 #include "support/photolike.h"
+#include "support/testpictures.h"
 
 namespace {
 
 constexpr int kRounds = 7;
 constexpr qint64 kHeaderBytes = 64 * 1024;
 
-// Fills `folder` with `count` JPEGs of `size`: copies of four different pictures.
-int makeFolder(const QString& folder, int count, QSize size) {
+// Fills `folder` with `count` JPEGs of `size` tagged with EXIF `orientation`: copies of four
+// different pictures.
+int makeFolder(const QString& folder, int count, QSize size, int orientation) {
     QDir().mkpath(folder);
     QStringList originals;
     for (int i = 0; i < 4; ++i) {
         originals << QDir(folder).filePath(
             QStringLiteral("photo_%1.jpg").arg(i + 1, 4, 10, QChar('0')));
-        if (!photoLike(size, 7 + i).save(originals.last(), "JPEG", 90)) return 1;
+        QFile file(originals.last());
+        if (!file.open(QIODevice::WriteOnly) ||
+            file.write(jpegWithOrientation(photoLike(size, 7 + i), orientation)) <= 0)
+            return 1;
     }
     for (int i = 4; i < count; ++i) {
         const QString copy =
@@ -96,11 +102,11 @@ void measure(const char* title, const QString& folder, int count) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 5 && QByteArray(argv[1]) == "--make-folder") {
+    if (argc == 6 && QByteArray(argv[1]) == "--make-folder") {
         QGuiApplication generator(argc, argv);
         const QStringList size = QString::fromLocal8Bit(argv[4]).split('x');
         return makeFolder(QString::fromLocal8Bit(argv[2]), QByteArray(argv[3]).toInt(),
-                          QSize(size[0].toInt(), size[1].toInt()));
+                          QSize(size[0].toInt(), size[1].toInt()), QByteArray(argv[5]).toInt());
     }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QTemporaryDir dir;
@@ -109,16 +115,19 @@ int main(int argc, char** argv) {
         QString path;
         int count;
         const char* size;
+        const char* orientation;
     };
     const QList<Folder> folders = {
-        {"small JPEGs, 640 x 427", dir.filePath("small"), 200, "640x427"},
-        {"camera JPEGs, 2048 x 1365", dir.filePath("few"), 200, "2048x1365"},
-        {"camera JPEGs, 2048 x 1365", dir.filePath("many"), 2000, "2048x1365"},
+        {"small JPEGs, 640 x 427", dir.filePath("small"), 200, "640x427", "1"},
+        {"camera JPEGs, 2048 x 1365", dir.filePath("few"), 200, "2048x1365", "1"},
+        {"camera JPEGs, 2048 x 1365", dir.filePath("many"), 2000, "2048x1365", "1"},
+        {"phone JPEGs stored sideways (EXIF orientation 6), 2048 x 1365", dir.filePath("phone"),
+         2000, "2048x1365", "6"},
     };
     for (const Folder& folder : folders) {
-        if (QProcess::execute(
-                QString::fromLocal8Bit(argv[0]),
-                {"--make-folder", folder.path, QString::number(folder.count), folder.size}) != 0) {
+        if (QProcess::execute(QString::fromLocal8Bit(argv[0]),
+                              {"--make-folder", folder.path, QString::number(folder.count),
+                               folder.size, folder.orientation}) != 0) {
             std::printf("could not write %s\n", qPrintable(folder.path));
             return 1;
         }

@@ -1,11 +1,15 @@
 // Times the preview: selecting an image until its canvas has painted, for a camera-sized and a
-// screen-sized JPEG, against djpeg decoding the large file at 1/8 scale in the same run, and a
-// repaint of an unchanged selection. Prints figures; checks nothing.
+// screen-sized JPEG, against djpeg decoding the large file at the same scale in the same run, and
+// a repaint of an unchanged selection. Then the same camera JPEG on a screen of two device pixels
+// a point, upright and with EXIF orientation 6, and pictures of 100 megapixels in formats that
+// cannot decode at a smaller scale, each in a process of its own so that its peak memory shows.
+// Prints figures; checks nothing.
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QProcess>
-#include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -15,6 +19,7 @@
 #include "mainwindow/windowmain.h"
 #include "preview/imagecanvas.h"
 #include "support/photolike.h"
+#include "support/testpictures.h"
 
 namespace {
 
@@ -53,32 +58,41 @@ struct Bench {
         return clock.nsecsElapsed() / 1e6;
     }
 
-    // A repaint asked for with nothing changed; milliseconds.
-    double repaint() {
-        QElapsedTimer clock;
-        clock.start();
-        canvas->Invalidate();
-        settle();
-        return clock.nsecsElapsed() / 1e6;
+    // Repaints asked for with nothing changed: the median in milliseconds, and the decodes.
+    void reportRepaints(const char* what) {
+        QList<double> times;
+        const int decodes = Picture::decodeCount();
+        for (int i = 0; i < kRuns; ++i) {
+            QElapsedTimer clock;
+            clock.start();
+            canvas->Invalidate();
+            settle();
+            times << clock.nsecsElapsed() / 1e6;
+        }
+        std::printf("Repaint of the unchanged %s: median %.3f ms, %d decodes\n", what,
+                    median(times), Picture::decodeCount() - decodes);
     }
 };
 
 // Copies, so that every timed selection meets a file it has not decoded before.
-QStringList writeCopies(const QDir& dir, const QString& name, const QImage& image) {
-    const QString first = dir.filePath(name + "-0.jpg");
-    image.save(first, "JPEG", 90);
-    QStringList files{first};
-    for (int i = 1; i < kRuns; ++i) {
+QStringList writeCopies(const QDir& dir, const QString& name, const QByteArray& bytes) {
+    QStringList files;
+    for (int i = 0; i < kRuns; ++i) {
         files << dir.filePath(name + "-" + QString::number(i) + ".jpg");
-        QFile::copy(first, files.last());
+        QFile file(files.last());
+        if (file.open(QIODevice::WriteOnly)) file.write(bytes);
     }
     return files;
 }
 
-double djpegTime(const QString& file) {
+QByteArray jpeg(const QImage& image) {
+    return jpegWithOrientation(image, 1);
+}
+
+double djpegTime(const QString& file, const char* scale) {
     QElapsedTimer clock;
     clock.start();
-    QProcess::execute(QStringLiteral("djpeg"), {"-scale", "1/8", "-outfile", "/dev/null", file});
+    QProcess::execute(QStringLiteral("djpeg"), {"-scale", scale, "-outfile", "/dev/null", file});
     return clock.nsecsElapsed() / 1e6;
 }
 
@@ -86,6 +100,85 @@ void report(const char* what, const QList<double>& times) {
     std::printf("%s: median %.3f ms (min %.3f, max %.3f)\n", what, median(times),
                 *std::min_element(times.begin(), times.end()),
                 *std::max_element(times.begin(), times.end()));
+}
+
+double residentMegabytes() {
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly)) return 0;
+    for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine())
+        if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ')[0].toDouble() / 1024;
+    return 0;
+}
+
+// Runs this program again with `arguments`, on a screen of `ratio` device pixels a point.
+void runChild(const QStringList& arguments, const char* ratio = "1") {
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::fromLatin1(ratio));
+    child.setProcessEnvironment(environment);
+    child.setProcessChannelMode(QProcess::ForwardedChannels);
+    std::fflush(stdout);  // the child's lines come after this process's
+    child.start(QCoreApplication::applicationFilePath(), arguments);
+    child.waitForFinished(-1);
+}
+
+// The camera JPEG as stored upright and as stored sideways with orientation 6, selected on a
+// screen of two device pixels a point, against djpeg at the scale the preview decodes at.
+void cameraAtRatio2(const QString& folder) {
+    Bench bench(folder);
+    std::printf("\nOn a screen of %.0f device pixels a point, a 360 point wide preview:\n",
+                bench.canvas->devicePixelRatioF());
+    QList<double> upright, upright8, upright4, turned, turned4;
+    for (int i = 0; i < kRuns; ++i) {
+        const QString straight = QDir(folder).filePath(QStringLiteral("upright-%1.jpg").arg(i));
+        const QString sideways = QDir(folder).filePath(QStringLiteral("turned-%1.jpg").arg(i));
+        upright << bench.select(straight);
+        upright8 << djpegTime(straight, "1/8");
+        upright4 << djpegTime(straight, "1/4");
+        turned << bench.select(sideways);
+        turned4 << djpegTime(sideways, "1/4");
+    }
+    report("First paint of a 6000 x 4000 JPEG (720 x 480 device pixels, decoded at 1/8)", upright);
+    report("djpeg -scale 1/8 of the same file", upright8);
+    report("djpeg -scale 1/4 of the same file", upright4);
+    std::printf("First paint / djpeg 1/8: %.2f, / djpeg 1/4: %.2f\n",
+                median(upright) / median(upright8), median(upright) / median(upright4));
+    report("First paint of the same JPEG with orientation 6 (720 x 1080, decoded at 1/4)", turned);
+    report("djpeg -scale 1/4 of the same file", turned4);
+    std::printf("First paint / djpeg 1/4: %.2f\n", median(turned) / median(turned4));
+    bench.reportRepaints("sideways selection");
+}
+
+// Selecting the large picture of `folder`, then its small one: time, peak and what remains.
+void largePicture(const QString& folder, const QString& name) {
+    Bench bench(folder);
+    const double before = residentMegabytes();
+    const PeakMemory peak;
+    const double time = bench.select(QDir(folder).filePath(name));
+    const double peakMegabytes = peak.megabytes();
+    const bool shown = bench.window->imageCanvas()->size() == QSize(360, 360);
+    bench.select(QDir(folder).filePath(QStringLiteral("0-small.jpg")));
+    std::printf("%-22s first paint %7.1f ms, %s, peak +%5.1f MB, after another row +%5.1f MB\n",
+                qPrintable(name), time, shown ? "previewed" : "NOT PREVIEWED", peakMegabytes,
+                residentMegabytes() - before);
+}
+
+// Pictures of 10000 x 10000 pixels, each in a folder with a small JPEG.
+QStringList writeLargePictures(const QDir& dir) {
+    QImage image(10000, 10000, QImage::Format_RGB32);
+    QLinearGradient gradient(0, 0, 10000, 10000);
+    gradient.setColorAt(0, Qt::darkBlue);
+    gradient.setColorAt(1, Qt::yellow);
+    QPainter(&image).fillRect(image.rect(), gradient);
+    QStringList folders;
+    for (const char* format : {"tiff", "webp", "png", "bmp", "jpg"}) {
+        folders << dir.filePath(format);
+        QDir().mkpath(folders.last());
+        image.save(QDir(folders.last()).filePath(QStringLiteral("large.") + format), nullptr,
+                   format == QByteArray("webp") ? 100 : -1);
+        photoLike({640, 480}, 5).save(QDir(folders.last()).filePath("0-small.jpg"));
+    }
+    return folders;
 }
 
 }  // namespace
@@ -97,46 +190,66 @@ int main(int argc, char** argv) {
     qputenv("HOME", home.path().toLocal8Bit());
     QStandardPaths::setTestModeEnabled(true);
     App app(argc, argv);
+    const QStringList arguments = app.arguments();
+    if (arguments.size() == 3 && arguments[1] == "--ratio-2") {
+        cameraAtRatio2(arguments[2]);
+        return 0;
+    }
+    if (arguments.size() == 4 && arguments[1] == "--large") {
+        largePicture(arguments[2], arguments[3]);
+        return 0;
+    }
+
     QTemporaryDir temporary;
     QTemporaryDir tinyFolder;
     const QDir dir(temporary.path());
-
     std::printf("Generating the pictures...\n");
-    const QStringList screen = writeCopies(dir, "screen", photoLike({2048, 1365}, 1));
-    const QStringList camera = writeCopies(dir, "camera", photoLike({6000, 4000}, 2));
+    const QImage cameraImage = photoLike({6000, 4000}, 2);
+    const QStringList screen = writeCopies(dir, "screen", jpeg(photoLike({2048, 1365}, 1)));
+    const QStringList camera = writeCopies(dir, "camera", jpeg(cameraImage));
     std::printf("2048 x 1365: %lld bytes, 6000 x 4000: %lld bytes\n",
                 static_cast<long long>(QFileInfo(screen.first()).size()),
                 static_cast<long long>(QFileInfo(camera.first()).size()));
 
     // The first row is shown as the folder comes in; it is none of the timed files.
     photoLike({640, 480}, 4).save(dir.filePath("0-first.jpg"), "JPEG", 90);
-    Bench bench(dir.path());
-    QList<double> screenTimes;
-    for (const QString& file : screen) screenTimes << bench.select(file);
-    report("First paint of a selected 2048 x 1365 JPEG", screenTimes);
+    {
+        Bench bench(dir.path());
+        QList<double> screenTimes;
+        for (const QString& file : screen) screenTimes << bench.select(file);
+        report("First paint of a selected 2048 x 1365 JPEG", screenTimes);
 
-    // Taken in turns, so that a busy moment of the machine falls on both alike.
-    QList<double> cameraTimes;
-    QList<double> djpegTimes;
-    for (const QString& file : camera) {
-        cameraTimes << bench.select(file);
-        djpegTimes << djpegTime(file);
+        // Taken in turns, so that a busy moment of the machine falls on both alike.
+        QList<double> cameraTimes;
+        QList<double> djpegTimes;
+        for (const QString& file : camera) {
+            cameraTimes << bench.select(file);
+            djpegTimes << djpegTime(file, "1/8");
+        }
+        report("First paint of a selected 6000 x 4000 JPEG", cameraTimes);
+        report("djpeg -scale 1/8 of the same file", djpegTimes);
+        std::printf("First paint / djpeg: %.2f\n", median(cameraTimes) / median(djpegTimes));
+
+        const QString tiny = QDir(tinyFolder.path()).filePath("tiny.jpg");
+        photoLike({16, 16}, 3).save(tiny, "JPEG", 90);
+        QList<double> startTimes;
+        for (int i = 0; i < kRuns; ++i) startTimes << djpegTime(tiny, "1/8");
+        report("djpeg of a 16 x 16 JPEG (the cost of starting it)", startTimes);
+        bench.reportRepaints("6000 x 4000 selection");
     }
-    report("First paint of a selected 6000 x 4000 JPEG", cameraTimes);
-    report("djpeg -scale 1/8 of the same file", djpegTimes);
-    std::printf("First paint / djpeg: %.2f\n", median(cameraTimes) / median(djpegTimes));
 
-    const QString tiny = QDir(tinyFolder.path()).filePath("tiny.jpg");
-    photoLike({16, 16}, 3).save(tiny, "JPEG", 90);
-    QList<double> startTimes;
-    for (int i = 0; i < kRuns; ++i) startTimes << djpegTime(tiny);
-    report("djpeg of a 16 x 16 JPEG (the cost of starting it)", startTimes);
+    QTemporaryDir ratio2;
+    const QDir sideways(ratio2.path());
+    writeCopies(sideways, "upright", jpeg(cameraImage));
+    writeCopies(sideways, "turned", jpegWithOrientation(cameraImage, 6));
+    photoLike({640, 480}, 4).save(sideways.filePath("0-first.jpg"), "JPEG", 90);
+    runChild({"--ratio-2", sideways.path()}, "2");
 
-    QList<double> repaints;
-    const int decodes = Picture::decodeCount();
-    for (int i = 0; i < kRuns; ++i) repaints << bench.repaint();
-    report("Repaint of the unchanged 6000 x 4000 selection", repaints);
-    std::printf("Decodes during those repaints: %d\n", Picture::decodeCount() - decodes);
-
+    std::printf("\nPictures of 10000 x 10000 pixels, each selected in a process of its own:\n");
+    QTemporaryDir large;
+    for (const QString& folder : writeLargePictures(QDir(large.path()))) {
+        const QString name = QDir(folder).entryList({"large.*"}).value(0);
+        runChild({"--large", folder, name});
+    }
     return 0;
 }

@@ -11,6 +11,7 @@
 #include "platform/sharedwindow.h"
 #include "support/dropfiles.h"
 #include "support/testenvironment.h"
+#include "support/testpictures.h"
 
 namespace {
 // A GIF of 3 x 2 pixels: Qt reads GIF but cannot write it.
@@ -71,6 +72,10 @@ private slots:
         writeFile(folder + "/anim.gif", kGif);
         writeFile(folder + "/readme.txt", "Pictures from the trip.\n");
         writeFile(folder + "/fake.jpg", "not a picture at all\n");
+        // Stored sideways, as a phone stores a portrait shot: listed as it is shown.
+        writeFile(folder + "/portrait.jpg",
+                  jpegWithOrientation(QImage(30, 40, QImage::Format_RGB32), 6));
+        QVERIFY(writeAvif(QImage(24, 16, QImage::Format_RGB32), folder + "/sky.avif"));
         writeImage(second + "/dune.png", 12, 6, "PNG");
         window.Event_Open();
         qApp->installEventFilter(&counter);
@@ -87,7 +92,7 @@ private slots:
 
     void aFolderGivesOneRowPerPictureInFileManagerOrder() {
         dropOn(&window, {QUrl::fromLocalFile(folder), QUrl::fromLocalFile(second)});
-        QCOMPARE(catalogue.ListCount(), 6);
+        QCOMPARE(catalogue.ListCount(), 8);
         const QString at = folder + "/";
         QCOMPARE(row(0), QStringList({".cover", ".cover.png", at + ".cover.png", "image/png", "8",
                                       "8", ""}));
@@ -97,12 +102,16 @@ private slots:
                                       "48", ""}));
         QCOMPARE(row(3).mid(0, 2), QStringList({"IMG_2", "IMG_2.png"}));
         QCOMPARE(row(4).mid(0, 2), QStringList({"IMG_10", "IMG_10.png"}));
+        QCOMPARE(row(5), QStringList({"portrait", "portrait.jpg", at + "portrait.jpg", "image/jpeg",
+                                      "40", "30", ""}));
         // Whatever its name says, a PNG is a picture; its extension is no image extension.
-        QCOMPARE(row(5), QStringList({"shot.bak", "shot.bak", at + "shot.bak", "", "5", "7", ""}));
+        QCOMPARE(row(6), QStringList({"shot.bak", "shot.bak", at + "shot.bak", "", "5", "7", ""}));
+        QCOMPARE(row(7),
+                 QStringList({"sky", "sky.avif", at + "sky.avif", "image/avif", "24", "16", ""}));
 
-        QCOMPARE(text("imgCount"), QString("6 images"));
+        QCOMPARE(text("imgCount"), QString("8 images"));
         QCOMPARE(existingInstance<WindowProgess>()->progressInfoText(),
-                 QString("6 images added, please wait."));
+                 QString("8 images added, please wait."));
         QVERIFY(existingInstance<WindowProgess>()->isHidden());
         QCOMPARE(text("galleryPath"), at);
         QCOMPARE(catalogue.ListIndex(), 0);
@@ -114,12 +123,12 @@ private slots:
         catalogue.setListIndex(2);
         QTest::keyClicks(window.findChild<QLineEdit*>("imgCaption"), "Low tide");
         dropOn(window.findChild<QLineEdit*>("imgCaption"), {QUrl::fromLocalFile(second)});
-        QCOMPARE(catalogue.ListCount(), 7);
-        QCOMPARE(row(6).mid(0, 2), QStringList({"dune", "dune.png"}));
+        QCOMPARE(catalogue.ListCount(), 9);
+        QCOMPARE(row(8).mid(0, 2), QStringList({"dune", "dune.png"}));
         QCOMPARE(catalogue.Cell(2, 7), QString("Low tide"));
-        QCOMPARE(text("imgCount"), QString("7 images"));
+        QCOMPARE(text("imgCount"), QString("9 images"));
         QCOMPARE(existingInstance<WindowProgess>()->progressInfoText(),
-                 QString("7 images added, please wait."));
+                 QString("9 images added, please wait."));
         QCOMPARE(text("galleryPath"), second + "/");
         QCOMPARE(catalogue.ListIndex(), 0);
         // Row 0 is selected again and shows its own caption.
@@ -129,7 +138,7 @@ private slots:
     void aSingleFileAddsNothingButBecomesTheFolder() {
         catalogue.setListIndex(4);
         dropOn(&window, {QUrl::fromLocalFile(folder + "/beach.jpg")});
-        QCOMPARE(catalogue.ListCount(), 7);
+        QCOMPARE(catalogue.ListCount(), 9);
         QCOMPARE(catalogue.ListIndex(), 0);
         QCOMPARE(text("galleryPath"), folder + "/beach.jpg/");
         QCOMPARE(counter.shows, 4);  // once for every drop
@@ -141,7 +150,7 @@ private slots:
         QVERIFY(!progress->close());
         QVERIFY(progress->isVisible());
         progress->Hide();
-        QCOMPARE(progress->progressInfoText(), QString("7 images added, please wait."));
+        QCOMPARE(progress->progressInfoText(), QString("9 images added, please wait."));
     }
 };
 

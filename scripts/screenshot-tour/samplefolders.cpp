@@ -1,11 +1,14 @@
 #include "samplefolders.h"
 
 #include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRandomGenerator>
 #include <stdexcept>
+
+#include "support/testpictures.h"
 
 namespace {
 
@@ -67,6 +70,14 @@ void save(const QImage& image, const QString& path, const char* format) {
         throw std::runtime_error("cannot write " + path.toStdString());
 }
 
+// Stored sideways with an EXIF orientation tag, as a phone stores a portrait shot.
+void saveSideways(const QImage& upright, const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) ||
+        file.write(jpegWithOrientation(upright.transformed(QTransform().rotate(-90)), 6)) <= 0)
+        throw std::runtime_error("cannot write " + path.toStdString());
+}
+
 QString makeFolder(const QString& parent, const QString& name) {
     QDir dir(parent);
     if (!dir.mkpath(name)) throw std::runtime_error("cannot make " + name.toStdString());
@@ -83,7 +94,7 @@ QString writeGallery(const QString& parent) {
     const QColor blue(70, 130, 200), dusk(150, 90, 140), grey(120, 130, 140);
     const QColor green(60, 120, 50), olive(110, 110, 50), brown(100, 80, 60);
     save(landscape({1600, 1067}, 1, blue, green), dir.filePath("Plage à Nice.jpg"), "JPEG");
-    save(landscape({1200, 1600}, 2, dusk, brown), dir.filePath("Château d'Èze.jpg"), "JPEG");
+    saveSideways(landscape({1200, 1600}, 2, dusk, brown), dir.filePath("Château d'Èze.jpg"));
     save(landscape({1600, 900}, 3, grey, olive), dir.filePath("Straße im Regen.jpg"), "JPEG");
     save(landscape({1400, 1050}, 4, blue, olive), dir.filePath("Ölbäume am Hang.jpg"), "JPEG");
     save(landscape({800, 600}, 5, dusk, green), dir.filePath("Étang de Berre.png"), "PNG");

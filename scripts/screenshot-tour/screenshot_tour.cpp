@@ -131,10 +131,20 @@ private:
         settle();
     }
 
+    void select(const QString& name) {
+        ImageCatalogue& catalogue = main_->catalogue();
+        for (int row = 0; row < catalogue.ListCount(); ++row)
+            if (catalogue.Cell(row, 1) == name) catalogue.setListIndex(row);
+        settle();
+    }
+
     void galleryDropped() {
         gallery_ = samplefolders::writeGallery(pictures_.path());
         dropFolder(main_, gallery_);
         settle();
+        // A photo stored sideways shows upright.
+        select(QStringLiteral("Château d'Èze.jpg"));
+        grab("02-main-portrait-photo");
         ImageCatalogue& catalogue = main_->catalogue();
         for (int row = 0; row < catalogue.ListCount(); ++row)
             if (catalogue.Cell(row, 1) == QStringLiteral("Plage à Nice.jpg"))

@@ -33,7 +33,7 @@ App::App(int& argc, char** argv) : QApplication(initialiseFileTypes(argc), argv)
     setApplicationVersion(QStringLiteral("2.1"));
     // Task bars and Wayland find the desktop entry, and with it the icon, by this name.
     setDesktopFileName(QStringLiteral(VELMORA_APPLICATION_ID));
-    setWindowIcon(QIcon(pictures::pixmapOf(pictures::pebble512())));
+    setWindowIcon(pictures::iconOf(pictures::pebble512()));
     menuBar_ = new MainMenuBar(this);
     bindMenuHandlers();
     connect(this, &QCoreApplication::aboutToQuit, this, &App::Event_Close);

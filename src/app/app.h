@@ -7,6 +7,7 @@
 #include <QString>
 
 #include "platform/picture.h"
+#include "preview/framedpreview.h"
 
 class MainMenuBar;
 class WindowMain;
@@ -49,10 +50,10 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
     // Shared image state: the selected file (empty for none), its picture (or hubble while
-    // no image is selected) and the composed preview.
+    // no image is selected) and the framed preview.
     PicturePtr op;
     QString opf;
-    QImage opSmall;
+    FramedPreview opSmall;
 
     // Settings shown and changed by the preferences window.
     QString imageFormat;

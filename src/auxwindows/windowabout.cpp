@@ -28,7 +28,7 @@ WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent), ui(new Ui::Win
     useDesignFontSizes(this);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     showInImageWell(ui->ImageWell1, pictures::pebble512());
-    ui->BevelButton1->setIcon(pictures::pixmapOf(pictures::paypal()));
+    ui->BevelButton1->setIcon(pictures::iconOf(pictures::paypal()));
     ui->Label3->setText(QStringLiteral("v.2.1 - ") + owner::maker +
                         QStringLiteral(" - December 2020"));
     ui->Label4->setText(owner::webAddress);

@@ -36,6 +36,12 @@ constexpr std::array<Row, 21> kTable = {{
     {"image/jpeg2000", ".jp2;.jpf", "jp2 ", "ogle"},
 }};
 
+// Image types that came after the table above: they name a row's type, but are not announced as
+// droppable, since the window takes any file anyway.
+constexpr std::array<Row, 1> kLaterImageTypes = {{
+    {"image/avif", ".avif", "avif", "????"},
+}};
+
 std::array<FileType, 21>& typeSlots() {
     static std::array<FileType, 21> types;
     return types;
@@ -163,13 +169,17 @@ QString typeOfExtension(const QString& extension) {
     QString wanted = extension;
     if (wanted.startsWith(u'.')) wanted.remove(0, 1);
     if (wanted.isEmpty()) return {};
-    for (const Row& row : kTable) {
+    const auto names = [&wanted](const Row& row) {
         for (QString listed : QString::fromLatin1(row.extensions).split(u';', Qt::SkipEmptyParts)) {
             if (listed.startsWith(u'.')) listed.remove(0, 1);
-            if (listed.compare(wanted, Qt::CaseInsensitive) == 0)
-                return QString::fromLatin1(row.name);
+            if (listed.compare(wanted, Qt::CaseInsensitive) == 0) return true;
         }
-    }
+        return false;
+    };
+    for (const Row& row : kTable)
+        if (names(row)) return QString::fromLatin1(row.name);
+    for (const Row& row : kLaterImageTypes)
+        if (names(row)) return QString::fromLatin1(row.name);
     return {};
 }
 

@@ -5,11 +5,12 @@
 #include "platform/text.h"
 
 namespace {
-// Each known extension once in lower and once in upper case, as the list was always kept.
-const QStringList kKnownExtensions = {"jpg", "jpeg", "tif", "tiff", "pct", "psd", "gif",
-                                      "png", "bmp",  "jpf", "jps",  "pdf", "pbm", "tga",
-                                      "JPG", "JPEG", "TIF", "TIFF", "PCT", "PSD", "GIF",
-                                      "PNG", "BMP",  "JPF", "JPS",  "PDF", "PBM", "TGA"};
+// Each known extension once in lower and once in upper case, as the list was always kept; AVIF,
+// which browsers show as they show the others, came later.
+const QStringList kKnownExtensions = {"jpg",  "jpeg", "tif",  "tiff", "pct", "psd", "gif",  "png",
+                                      "bmp",  "jpf",  "jps",  "pdf",  "pbm", "tga", "avif", "JPG",
+                                      "JPEG", "TIF",  "TIFF", "PCT",  "PSD", "GIF", "PNG",  "BMP",
+                                      "JPF",  "JPS",  "PDF",  "PBM",  "TGA", "AVIF"};
 }  // namespace
 
 QString stripExtension(const QString& name) {

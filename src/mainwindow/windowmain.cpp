@@ -68,8 +68,8 @@ WindowMain::WindowMain(QWidget* parent) : QMainWindow(parent), ui_(new Ui::Windo
     new SizeControls({ui_->resizedWidth, ui_->SliderSize, ui_->RadioButtonWidth,
                       ui_->RadioButtonHeight, ui_->ImageCanvas},
                      this);
-    ui_->BevelButton1->setIcon(QIcon(pictures::pixmapOf(pictures::blue())));
-    ui_->BevelButton2->setIcon(QIcon(pictures::pixmapOf(pictures::help())));
+    ui_->BevelButton1->setIcon(pictures::iconOf(pictures::blue()));
+    ui_->BevelButton2->setIcon(pictures::iconOf(pictures::help()));
     applyDesignFonts();
     fillColourPopups();
     Listbox1_Open();

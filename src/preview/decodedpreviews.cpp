@@ -9,16 +9,16 @@ constexpr qsizetype kMaxEntries = 8;
 constexpr qsizetype kMaxBytes = 64 * 1024 * 1024;
 }  // namespace
 
-QImage DecodedPreviews::at(const Picture& picture, QSize size) {
+QImage DecodedPreviews::at(const Picture& picture, QSize size, QRect part) {
     const QFileInfo file(picture.path());
-    const Key key{picture.path(), file.size(), file.lastModified(), size};
+    const Key key{picture.path(), file.size(), file.lastModified(), size, part};
     for (qsizetype i = 0; i < entries_.size(); ++i) {
         if (entries_[i].key == key) {
             entries_.move(i, 0);
             return entries_.first().image;
         }
     }
-    QImage image = picture.decode(size);
+    QImage image = picture.decode(size, part);
     // A failed decode is not kept: the file may be mended, and the next paint tries again.
     if (!image.isNull()) keep({key, image});
     return image;

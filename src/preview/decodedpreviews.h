@@ -3,19 +3,21 @@
 #include <QDateTime>
 #include <QImage>
 #include <QList>
+#include <QRect>
 #include <QSize>
 #include <QString>
 
 #include "platform/picture.h"
 
 // The last few decoded previews, so that a repaint, or a return to a row seen a moment ago,
-// decodes nothing. An entry is known by its file's path, size and modification time and by
-// the size it was decoded at: a file changed on disk is decoded again.
+// decodes nothing. An entry is known by its file's path, size and modification time and by the
+// size and part it was decoded at, in device pixels: a file changed on disk is decoded again, and
+// so is a picture shown on a screen of another pixel density.
 class DecodedPreviews {
 public:
-    // The picture's pixels at `size`, from memory when they are there; a null image when the
-    // file can no longer be decoded.
-    QImage at(const Picture& picture, QSize size);
+    // The pixels of `part` of the picture scaled to `size` (see Picture::decode), from memory
+    // when they are there; a null image when the file cannot be decoded.
+    QImage at(const Picture& picture, QSize size, QRect part = {});
 
 private:
     struct Key {
@@ -23,6 +25,7 @@ private:
         qint64 fileSize = 0;
         QDateTime modified;
         QSize size;
+        QRect part;
         bool operator==(const Key&) const = default;
     };
     struct Entry {

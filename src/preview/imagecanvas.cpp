@@ -10,8 +10,7 @@
 #include "preview/infotext.h"
 #include "resources/namedpictures.h"
 
-ImageCanvas::ImageCanvas(QWidget* parent)
-    : QWidget(parent), backdrop_(pictures::pixmapOf(pictures::hubble())) {}
+ImageCanvas::ImageCanvas(QWidget* parent) : QWidget(parent) {}
 
 void ImageCanvas::bind(const Controls& controls) {
     controls_ = controls;
@@ -37,12 +36,28 @@ void ImageCanvas::layOut() {
     app->op = app->opf.isEmpty() ? pictures::hubble() : Picture::open(app->opf);
     PreviewGeometry geometry;
     QImage picture;
+    QRectF at;
+    const qreal ratio = devicePixelRatioF();
     if (app->op) {
         geometry = previewGeometry(app->op->size(), controls_.RadioButtonWidth->isChecked(),
                                    text::Val(controls_.resizedWidth->text()), app->frameWidth);
         // Even with no room left inside the frame, a file that cannot be decoded is no picture.
-        picture =
-            decoded_.at(*app->op, geometry.inner.isEmpty() ? QSize(1, 1) : geometry.inner.size());
+        const QRect inner = geometry.inner.isEmpty() ? QRect(0, 0, 1, 1) : geometry.inner;
+        const QSize device = (QSizeF(inner.size()) * ratio).toSize();
+        const qreal across = device.width() / qreal(inner.width());
+        const qreal down = device.height() / qreal(inner.height());
+        const QRectF seen =
+            QRectF(visibleArea({geometry.previewWidth, geometry.previewHeight}) & inner)
+                .translated(-inner.topLeft());
+        QRect part =
+            QRectF(seen.x() * across, seen.y() * down, seen.width() * across, seen.height() * down)
+                .toAlignedRect() &
+            QRect(QPoint(0, 0), device);
+        if (part.isEmpty()) part = QRect(0, 0, 1, 1);  // none of it shows
+        picture = decoded_.at(*app->op, device, part.size() == device ? QRect() : part);
+        if (!geometry.inner.isEmpty())
+            at = QRectF(inner.x() + part.x() / across, inner.y() + part.y() / down,
+                        part.width() / across, part.height() / down);
     }
     if (picture.isNull()) {
         app->op = nullptr;
@@ -53,18 +68,23 @@ void ImageCanvas::layOut() {
 
     showGuideLine(geometry);
     resize(geometry.previewWidth, geometry.previewHeight);
-    shown_ = FramedPicture{geometry, app->bordColor, picture};
+    const FramedPreview preview(app->op, geometry, app->bordColor);
+    shown_ = Shown{preview, picture, at, ratio};
+    app->opSmall = preview;
     update();
-
-    QImage composed(geometry.previewWidth, geometry.previewHeight, QImage::Format_RGB32);
-    if (!composed.isNull()) {
-        QPainter painter(&composed);
-        draw(painter, *shown_, false);
-    }
-    app->opSmall = composed;
 
     infotext::show(controls_.info,
                    app->op == pictures::hubble() ? infotext::start() : infotext::ready());
+}
+
+QRect ImageCanvas::visibleArea(QSize size) const {
+    QRect area(QPoint(0, 0), size);
+    for (const QWidget* child = this; child->parentWidget() && !child->isWindow();
+         child = child->parentWidget()) {
+        const QWidget* parent = child->parentWidget();
+        area &= QRect(mapFrom(parent, QPoint(0, 0)), parent->size());
+    }
+    return area;
 }
 
 void ImageCanvas::showGuideLine(const PreviewGeometry& geometry) {
@@ -80,20 +100,16 @@ void ImageCanvas::showGuideLine(const PreviewGeometry& geometry) {
 
 void ImageCanvas::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    if (shown_)
-        draw(painter, *shown_, true);
-    else
-        painter.drawPixmap(0, 0, backdrop_);
-}
-
-void ImageCanvas::draw(QPainter& painter, const FramedPicture& framed, bool withOutline) {
-    const QRect whole(0, 0, framed.geometry.previewWidth, framed.geometry.previewHeight);
-    painter.fillRect(whole, framed.colour);
-    if (withOutline) {
-        painter.setPen(framed.colour);
-        painter.drawRect(whole.adjusted(0, 0, -1, -1));  // one pixel wide, inside the preview
+    const qreal ratio = devicePixelRatioF();
+    if (!shown_) {
+        if (const PicturePtr backdrop = pictures::hubble()) {
+            const QSizeF size(backdrop->size());
+            painter.drawImage(QRectF(QPointF(0, 0), size),
+                              decoded_.at(*backdrop, (size * ratio).toSize()));
+        }
+        return;
     }
-    // The picture was decoded at the inner size, so it lands pixel for pixel.
-    if (!framed.geometry.inner.isEmpty())
-        painter.drawImage(framed.geometry.inner.topLeft(), framed.picture);
+    // Moved to a screen of another pixel density: this paint scales, the next one is sharp.
+    if (!qFuzzyCompare(shown_->ratio, ratio)) Invalidate();
+    shown_->preview.draw(painter, shown_->picture, shown_->at, true);
 }

@@ -2,11 +2,11 @@
 
 #include <QColor>
 #include <QImage>
-#include <QPixmap>
 #include <QWidget>
 #include <optional>
 
 #include "preview/decodedpreviews.h"
+#include "preview/framedpreview.h"
 #include "preview/previewgeometry.h"
 
 class QLabel;
@@ -15,10 +15,13 @@ class QRadioButton;
 
 // The preview of the selected image. Each Invalidate() leads to one layout step that loads the
 // picture of App.opf (hubble when none is selected), sizes the preview from the size field and
-// the mode, shows the guide line of the mode, resizes the canvas to the preview, keeps the
-// framed copy in App.opSmall and writes the info line; the paint that follows only draws. A file
+// the mode, shows the guide line of the mode, resizes the canvas to the preview, keeps the framed
+// preview in App.opSmall and writes the info line; the paint that follows only draws. A file
 // that cannot be decoded leaves App.op Nil and changes nothing else: the canvas then shows its
 // backdrop at its last size.
+//
+// The picture is decoded at the device pixels of the screen the canvas is on, and only the part
+// of the canvas that the window shows is decoded.
 class ImageCanvas : public QWidget {
     Q_OBJECT
 public:
@@ -42,21 +45,23 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    // What the paint draws: the frame colour and the picture at its place inside.
-    struct FramedPicture {
-        PreviewGeometry geometry;
-        QColor colour;
+    // What the paint draws: the framed preview, and the decoded part of its picture with the
+    // place where it goes, for a screen of `ratio` device pixels a point.
+    struct Shown {
+        FramedPreview preview;
         QImage picture;
+        QRectF at;
+        qreal ratio = 1.0;
     };
 
     void layOut();
     void showGuideLine(const PreviewGeometry& geometry);
-    static void draw(QPainter& painter, const FramedPicture& framed, bool withOutline);
+    // The part of a canvas of `size`, in its own points, that lies inside the window.
+    QRect visibleArea(QSize size) const;
 
     Controls controls_;
-    QPixmap backdrop_;
     DecodedPreviews decoded_;
     // Empty before the first layout and after a picture that could not be loaded.
-    std::optional<FramedPicture> shown_;
+    std::optional<Shown> shown_;
     bool layoutPending_ = false;
 };

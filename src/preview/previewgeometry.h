@@ -16,6 +16,8 @@ struct PreviewGeometry {
     // Where the whole source is drawn. The frame is taken out of the preview size, so this is
     // empty (or of negative size) when the frame is as wide as the preview.
     QRect inner;
+
+    bool operator==(const PreviewGeometry&) const = default;
 };
 
 // `wanted` is the number in the size field, read as a width when `widthMode` holds and as a

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include "resources/pictureiconengine.h"
+
 static void loadPictureResources() {
     Q_INIT_RESOURCE(resources);
 }
@@ -45,8 +47,8 @@ PicturePtr blue() {
     return named(QStringLiteral("blue"));
 }
 
-QPixmap pixmapOf(const PicturePtr& picture) {
-    return picture ? QPixmap::fromImage(picture->decode()) : QPixmap();
+QIcon iconOf(const PicturePtr& picture) {
+    return QIcon(new PictureIconEngine(picture));
 }
 
 QCursor magnifyLarger(qreal devicePixelRatio) {

@@ -2,7 +2,6 @@
 
 #include <QCursor>
 #include <QIcon>
-#include <QPixmap>
 
 #include "platform/picture.h"
 
@@ -18,8 +17,9 @@ PicturePtr hubble();
 PicturePtr help();
 PicturePtr blue();
 
-// A named picture drawn at its own size, for image wells and button icons.
-QPixmap pixmapOf(const PicturePtr& picture);
+// A named picture as a button's icon, drawn from the vector picture at the size and pixel
+// density it is shown at.
+QIcon iconOf(const PicturePtr& picture);
 
 // The magnifying glass with a plus, over a picture that a click shows larger: drawn from the
 // program's own vector picture at `devicePixelRatio`, so that it is sharp on any screen, with
