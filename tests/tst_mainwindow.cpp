@@ -88,11 +88,11 @@ class MainWindowTest : public QObject {
     W* control(const char* name) const {
         return window->findChild<W*>(name);
     }
-    // A row for each letter, named by it and captioned with it and "!".
+    // A row for each letter, its file named by it and captioned with it and "!".
     void fill(const QString& letters) {
         for (const QChar letter : letters) {
             catalogue->AddRow(letter);
-            catalogue->setCell(catalogue->LastIndex(), 1, letter);
+            for (int cell : {1, 2}) catalogue->setCell(catalogue->LastIndex(), cell, letter);
             catalogue->setCell(catalogue->LastIndex(), 7, letter + QString("!"));
         }
         window->updateTheList();
