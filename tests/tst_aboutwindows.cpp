@@ -9,7 +9,6 @@
 #include "auxwindows/windowabout.h"
 #include "auxwindows/windowabout2.h"
 #include "auxwindows/windowprogess.h"
-#include "mainwindow/windowmain.h"
 #include "platform/narrowtofit.h"
 #include "platform/readablecolour.h"
 #include "platform/sharedwindow.h"
@@ -21,7 +20,7 @@ namespace {
 void hover(QWidget* widget, bool onto) {
     QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
     QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(widget, onto ? static_cast<QEvent*>(&enter) : &leave);
+    QCoreApplication::sendEvent(widget, onto ? &enter : &leave);
 }
 void deleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -77,23 +76,7 @@ private slots:
         QCOMPARE(TestEnvironment::desktop().urls, QStringList{link->text()});
     }
 
-    void donatingHidesTheWindowBeforeTheBrowserOpens() {
-        WindowAbout* about = openAbout();
-        bool visibleAtBrowser = true;
-        TestEnvironment::desktop().onShowURL = [&](const QString&) {
-            visibleAtBrowser = about->isVisible();
-        };
-        QTest::mouseClick(about->findChild<QPushButton*>("BevelButton1"), Qt::LeftButton);
-        QCOMPARE(TestEnvironment::desktop().urls,
-                 QStringList{"http://" + owner::donationHost + "/paypal.php?app=Velmora"});
-        QVERIFY(!visibleAtBrowser);
-        deleteClosedWindows();
-        // Hidden, not closed: the next opening shows the same window.
-        QCOMPARE(openAbout(), about);
-        QVERIFY(about->isVisible());
-    }
-
-    void theLogoMagnifiesAndOpensOneLargeWindowThatAClickCloses() {
+    void theLogoShowsOneLargeWindowAndDonatingHidesTheWindow() {
         WindowAbout* about = openAbout();
         auto* logo = about->findChild<QWidget*>("ImageWell1");
         hover(logo, true);
@@ -103,23 +86,34 @@ private slots:
                     .contains(magnifier.hotSpot()));
         hover(logo, false);
         QCOMPARE(logo->cursor().shape(), Qt::ArrowCursor);
-
+        QTest::mouseClick(logo, Qt::LeftButton);
         QTest::mouseClick(logo, Qt::LeftButton);
         WindowAbout2* large = existingInstance<WindowAbout2>();
         QVERIFY(large && large->isVisible());
-        QTest::mouseClick(logo, Qt::LeftButton);
         QCOMPARE(about->findChildren<WindowAbout2*>(), QList<WindowAbout2*>{large});
         QTest::mouseClick(large->findChild<QWidget*>("ImageWell1"), Qt::LeftButton);
         deleteClosedWindows();
         QVERIFY(!existingInstance<WindowAbout2>());
 
+        // Out of the browser's way, and back as it was at the next opening.
+        bool visibleAtBrowser = true;
+        TestEnvironment::desktop().onShowURL = [&](const QString&) {
+            visibleAtBrowser = about->isVisible();
+        };
+        QTest::mouseClick(about->findChild<QPushButton*>("BevelButton1"), Qt::LeftButton);
+        QCOMPARE(TestEnvironment::desktop().urls,
+                 QStringList{"http://" + owner::donationHost + "/paypal.php?app=Velmora"});
+        QVERIFY(!visibleAtBrowser);
+        deleteClosedWindows();
+        QCOMPARE(openAbout(), about);
+        QVERIFY(about->isVisible());
         QTest::mouseClick(about->findChild<QPushButton*>("PushButtonClose"), Qt::LeftButton);
         deleteClosedWindows();
         QVERIFY(!existingInstance<WindowAbout>());
     }
 
-    // Every label of every window, and a text that fits keeps its letters as they are: narrowing
-    // is for the texts that need it.
+    // Every label of every window; and narrowing is for the texts that need it: a text that fits
+    // keeps its letters as they are.
     void noLabelOfAnyWindowClipsItsText() {
         QLabel fitting(QStringLiteral("Big file size"));
         fitting.resize(186, 16);

@@ -60,9 +60,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const QByteArray& page = pages[fullPageWidth];
         // Nothing typed or named opens or closes an element, so every tag is the writer's.
         FUZZ_CHECK(page.count("<div") == page.count("</div>") && page.endsWith("</html>\n"));
-        FUZZ_CHECK(page.count("<div class='carousel-item") == slides);
-        FUZZ_CHECK(page.count("<a class=\"carousel-control-") == 2);
-        FUZZ_CHECK(page.count("<title>") == 1 && page.count("</title>") == 1);
+        FUZZ_CHECK(page.count("<div class='carousel-item") == slides &&
+                   page.count("<title>") == 1 && page.count("</title>") == 1 &&
+                   page.count("<a class=\"carousel-control-") == 2);
         // Indicator i names slide i; slide k shows the file of row k with its caption as typed,
         // a slide beyond the rows an empty name and caption. The first slide's extra caption
         // reads 0.
@@ -85,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     // A page within a container differs by the container's opening and closing lines alone.
     FUZZ_CHECK(pages[false].count('\n') == pages[true].count('\n') + 2);
-    FUZZ_CHECK(pages[false].count("<div class='container'>") ==
-               pages[true].count("<div class='container'>") + 1);
+    FUZZ_CHECK(pages[false].count("<div class='container'>") == 1 &&
+               !pages[true].contains("<div class='container'>"));
     return 0;
 }
