@@ -9,7 +9,6 @@
 #include "auxwindows/windowabout.h"
 #include "auxwindows/windowabout2.h"
 #include "auxwindows/windowprogess.h"
-#include "mainwindow/windowmain.h"
 #include "platform/narrowtofit.h"
 #include "platform/readablecolour.h"
 #include "platform/sharedwindow.h"
@@ -17,17 +16,11 @@
 #include "support/testenvironment.h"
 
 namespace {
-template <class Control = QWidget>
-Control* control(QWidget* window, const char* name) {
-    return window->findChild<Control*>(name);
-}
-void enter(QWidget* widget) {
-    QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-    QCoreApplication::sendEvent(widget, &event);
-}
-void leave(QWidget* widget) {
-    QEvent event(QEvent::Leave);
-    QCoreApplication::sendEvent(widget, &event);
+// The pointer moving onto `widget`, or off it.
+void hover(QWidget* widget, bool onto) {
+    QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(widget, onto ? &enter : &leave);
 }
 void deleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -66,7 +59,7 @@ private slots:
         QPalette palette = light;
         palette.setColor(QPalette::Window, window);
         QApplication::setPalette(palette);
-        QLabel* link = control<QLabel>(openAbout(), "Label4");
+        auto* link = openAbout()->findChild<QLabel*>("Label4");
         // The design's colours on a light window; on a dark one, the same hues, readable.
         const auto shows = [&](const QColor& design) {
             const QColor shown = link->palette().color(QPalette::WindowText);
@@ -74,61 +67,59 @@ private slots:
             return contrastRatio(shown, window) >= 4.5 && shown.hue() == design.hue();
         };
         QVERIFY(shows(Qt::black));
-        enter(link);
-        QVERIFY(shows(QColor(255, 0, 0)));
-        QCOMPARE(link->cursor().shape(), Qt::PointingHandCursor);
-        leave(link);
-        QVERIFY(shows(QColor(0, 0, 255)));
-        QCOMPARE(link->cursor().shape(), Qt::ArrowCursor);
-        enter(link);
-        leave(link);
-        QVERIFY(shows(QColor(0, 0, 255)));
+        for (const bool inside : {true, false}) {
+            hover(link, inside);
+            QVERIFY(shows(inside ? QColor(255, 0, 0) : QColor(0, 0, 255)));
+            QCOMPARE(link->cursor().shape(), inside ? Qt::PointingHandCursor : Qt::ArrowCursor);
+        }
         QTest::mouseClick(link, Qt::LeftButton);
         QCOMPARE(TestEnvironment::desktop().urls, QStringList{link->text()});
     }
 
-    void donatingHidesTheWindowBeforeTheBrowserOpens() {
+    void theLogoShowsOneLargeWindowAndDonatingHidesTheWindow() {
         WindowAbout* about = openAbout();
-        bool visibleAtBrowser = true;
-        TestEnvironment::desktop().onShowURL = [&](const QString&) {
-            visibleAtBrowser = about->isVisible();
-        };
-        QTest::mouseClick(control<QPushButton>(about, "BevelButton1"), Qt::LeftButton);
-        QCOMPARE(TestEnvironment::desktop().urls,
-                 QStringList{"http://" + owner::donationHost + "/paypal.php?app=Velmora"});
-        QVERIFY(!visibleAtBrowser);
-        deleteClosedWindows();
-        // Hidden, not closed: the next opening shows the same window.
-        QCOMPARE(openAbout(), about);
-        QVERIFY(about->isVisible());
-    }
-
-    void theLogoMagnifiesAndOpensOneLargeWindowThatAClickCloses() {
-        WindowAbout* about = openAbout();
-        QWidget* logo = control(about, "ImageWell1");
-        enter(logo);
+        auto* logo = about->findChild<QWidget*>("ImageWell1");
+        hover(logo, true);
         const QCursor magnifier = logo->cursor();
         QCOMPARE(magnifier.shape(), Qt::BitmapCursor);
         QVERIFY(QRect(QPoint(), magnifier.pixmap().deviceIndependentSize().toSize())
                     .contains(magnifier.hotSpot()));
-        leave(logo);
+        hover(logo, false);
         QCOMPARE(logo->cursor().shape(), Qt::ArrowCursor);
-
+        QTest::mouseClick(logo, Qt::LeftButton);
         QTest::mouseClick(logo, Qt::LeftButton);
         WindowAbout2* large = existingInstance<WindowAbout2>();
         QVERIFY(large && large->isVisible());
-        QTest::mouseClick(logo, Qt::LeftButton);
         QCOMPARE(about->findChildren<WindowAbout2*>(), QList<WindowAbout2*>{large});
-        QTest::mouseClick(control(large, "ImageWell1"), Qt::LeftButton);
+        QTest::mouseClick(large->findChild<QWidget*>("ImageWell1"), Qt::LeftButton);
         deleteClosedWindows();
         QVERIFY(!existingInstance<WindowAbout2>());
 
-        QTest::mouseClick(control<QPushButton>(about, "PushButtonClose"), Qt::LeftButton);
+        // Out of the browser's way, and back as it was at the next opening.
+        bool visibleAtBrowser = true;
+        TestEnvironment::desktop().onShowURL = [&](const QString&) {
+            visibleAtBrowser = about->isVisible();
+        };
+        QTest::mouseClick(about->findChild<QPushButton*>("BevelButton1"), Qt::LeftButton);
+        QCOMPARE(TestEnvironment::desktop().urls,
+                 QStringList{"http://" + owner::donationHost + "/paypal.php?app=Velmora"});
+        QVERIFY(!visibleAtBrowser);
+        deleteClosedWindows();
+        QCOMPARE(openAbout(), about);
+        QVERIFY(about->isVisible());
+        QTest::mouseClick(about->findChild<QPushButton*>("PushButtonClose"), Qt::LeftButton);
         deleteClosedWindows();
         QVERIFY(!existingInstance<WindowAbout>());
     }
 
+    // Every label of every window; and narrowing is for the texts that need it: a text that fits
+    // keeps its letters as they are.
     void noLabelOfAnyWindowClipsItsText() {
+        QLabel fitting(QStringLiteral("Big file size"));
+        fitting.resize(186, 16);
+        narrowToFit(&fitting);
+        QCOMPARE(fitting.font().stretch(), int(QFont::Unstretched));
+
         App::instance()->start();
         sharedInstance<WindowProgess>()->Show();
         sharedInstance<WindowPreferences>()->Show();
@@ -146,14 +137,6 @@ private slots:
         }
         QVERIFY2(labels > 30, qPrintable(QString::number(labels)));
         QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(", ")));
-    }
-
-    // Narrowing is for texts that need it: a text that fits keeps its letters as they are.
-    void aFittingTextIsNotNarrowed() {
-        QLabel label(QStringLiteral("Big file size"));
-        label.resize(186, 16);
-        narrowToFit(&label);
-        QCOMPARE(label.font().stretch(), int(QFont::Unstretched));
     }
 };
 

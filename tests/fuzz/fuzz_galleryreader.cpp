@@ -1,5 +1,6 @@
 // The page reader over any bytes, and over the pages written for random galleries.
 #include "fuzzinput.h"
+#include "platform/nativename.h"
 #include "support/pagebytes.h"
 
 namespace {
@@ -27,7 +28,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         *text = fieldText(input);
     settings.fullPageWidth = input.byte() % 2 == 0;
     for (int slides = input.number(0, 12); slides > 0; --slides) {
-        PageSlide slide{fieldText(input), fieldText(input)};
+        QByteArray name;  // of any bytes, as a folder may hold it: not every name is UTF-8
+        for (char byte = char(input.byte()); byte != 0; byte = char(input.byte())) name += byte;
+        PageSlide slide{nativeName::fromBytes(name), fieldText(input)};
         // Every file has a name; a slide without one is the writer's stand-in for no image.
         if (!slide.fileName.isEmpty()) gallery.slides.append(slide);
     }

@@ -5,13 +5,18 @@
 #include "page/galleryreader.h"
 #include "page/gallerywriter.h"
 
-// The page written for a gallery's settings and slides, one row per slide.
-inline QByteArray pageBytes(const GalleryPage& page) {
+// The list's rows for a gallery's slides, one row per slide.
+inline QList<CatalogueRow> rowsOf(const GalleryPage& page) {
     QList<CatalogueRow> rows;
     for (const auto& [name, caption] : page.slides)
         rows.append({{}, name, {}, {}, {}, {}, caption});
+    return rows;
+}
+
+// The page written for a gallery's settings and slides.
+inline QByteArray pageBytes(const GalleryPage& page) {
     QBuffer written;
     written.open(QIODevice::WriteOnly);
-    writeGalleryPage(written, page.settings, QString::number(rows.size()), rows);
+    writeGalleryPage(written, page.settings, QString::number(page.slides.size()), rowsOf(page));
     return written.data();
 }
