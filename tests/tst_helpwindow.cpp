@@ -3,6 +3,7 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include "auxwindows/progresswheel.h"
 #include "auxwindows/velmorahelp.h"
 #include "platform/sharedwindow.h"
 #include "support/testenvironment.h"
@@ -14,27 +15,29 @@ QTabWidget* panel() {
 QStringList linesOfTab(int tab) {
     return panel()->widget(tab)->findChild<QPlainTextEdit*>()->toPlainText().split('\n');
 }
-void closeWithOk() {
-    QTest::mouseClick(existingInstance<VelmoraHelp>()->findChild<QPushButton*>("PushButton1"),
-                      Qt::LeftButton);
+// Escape ends the window as its OK button does, never leaving it to come back as it was.
+void close(bool withEscape) {
+    auto* help = existingInstance<VelmoraHelp>();
+    if (withEscape)
+        QTest::keyClick(help, Qt::Key_Escape);
+    else
+        QTest::mouseClick(help->findChild<QPushButton*>("PushButton1"), Qt::LeftButton);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!existingInstance<VelmoraHelp>());
 }
 }  // namespace
 
+// The help window, and the wheel of the progress window.
 class HelpWindowTest : public QObject {
     Q_OBJECT
 private slots:
-    void eachTabHoldsItsOwnTextReadOnly() {
+    // Each language's tab holds its own text, whole and read-only.
+    void eachTabHoldsItsOwnText() {
         sharedInstance<VelmoraHelp>()->Show();
         QStringList titles;
         for (int tab = 0; tab < panel()->count(); ++tab) {
             titles << panel()->tabText(tab);
-            const auto areas = panel()->widget(tab)->findChildren<QPlainTextEdit*>();
-            QCOMPARE(areas.size(), 1);
-            QVERIFY(areas[0]->isReadOnly());
-            QCOMPARE(
-                QRect(areas[0]->mapTo(existingInstance<VelmoraHelp>(), QPoint()), areas[0]->size()),
-                QRect(40, 58, 560, 356));
+            QVERIFY(panel()->widget(tab)->findChild<QPlainTextEdit*>()->isReadOnly());
             // English ends on its last line, the others with a line break.
             QCOMPARE(linesOfTab(tab).size(), tab == 0 ? 15 : 16);
         }
@@ -52,8 +55,7 @@ private slots:
             {6, 12,
              "点击 \"编写图库页面\"，就会生成带有HTML代码的页面，并保存在选定的图片文件夹中。"}};
         for (const auto& [tab, line, text] : lines) QCOMPARE(linesOfTab(tab)[line], text);
-        closeWithOk();
-        QVERIFY(!existingInstance<VelmoraHelp>());
+        close(false);
     }
 
     void aNewOpeningStartsOnEnglish() {
@@ -63,24 +65,37 @@ private slots:
         sharedInstance<VelmoraHelp>()->Show();
         QCOMPARE(sharedInstance<VelmoraHelp>(), help);
         QCOMPARE(panel()->currentIndex(), 3);
-        closeWithOk();
+        close(true);
         sharedInstance<VelmoraHelp>()->Show();
         QCOMPARE(panel()->currentIndex(), 0);
-        // Escape ends the window as its close box does, never leaving it to come back as it was.
-        QTest::keyClick(existingInstance<VelmoraHelp>(), Qt::Key_Escape);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!existingInstance<VelmoraHelp>());
     }
 
     void resizingGrowsThePanelAndWidensOk() {
         VelmoraHelp* help = sharedInstance<VelmoraHelp>();
         help->Show();
+        auto* text = help->findChild<QPlainTextEdit*>("TextArea4");
+        QCOMPARE(QRect(text->mapTo(help, QPoint()), text->size()), QRect(40, 58, 560, 356));
         help->resize(740, 536);
         QCOMPARE(panel()->geometry(), QRect(20, 20, 700, 464));
         QCOMPARE(help->findChild<QPushButton*>("PushButton1")->geometry(),
                  QRect(280, 496, 180, 20));
-        QCOMPARE(help->findChild<QPlainTextEdit*>("TextArea4")->size(), QSize(560, 356));
-        closeWithOk();
+        QCOMPARE(text->size(), QSize(560, 356));
+        close(false);
+    }
+
+    // The walk of a folder holds the event loop: the wheel must turn from one repaint to the
+    // next with no event served between them.
+    void theProgressWheelTurnsBetweenRepaints() {
+        ProgressWheel wheel;
+        wheel.resize(16, 16);
+        const QImage first = wheel.grab().toImage();
+        const QRgb background = wheel.palette().color(QPalette::Window).rgb();
+        int drawn = 0;
+        for (int y = 0; y < first.height(); ++y)
+            for (int x = 0; x < first.width(); ++x) drawn += first.pixel(x, y) != background;
+        QVERIFY2(drawn > 20, qPrintable(QString::number(drawn)));
+        QTest::qSleep(120);
+        QVERIFY(wheel.grab().toImage() != first);
     }
 };
 

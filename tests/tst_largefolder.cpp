@@ -18,8 +18,8 @@ namespace {
 constexpr int kImages = 10000;
 }  // namespace
 
-// A folder of 10,000 small images goes the whole way through the main window: dropped, stepped
-// through with the arrow keys, written as a page, and taken out again with "-".
+// A folder of 10,000 small images goes the whole way through the main window: dropped, written
+// as a page, and taken out again with "-".
 class LargeFolderTest : public QObject {
     Q_OBJECT
     QTemporaryDir dir;
@@ -38,9 +38,6 @@ class LargeFolderTest : public QObject {
         QStringList names;
         for (int row = 0; row < catalogue->ListCount(); ++row) names << catalogue->Cell(row, 1);
         return names;
-    }
-    void press(Qt::Key key, int times) {
-        for (int i = 0; i < times; ++i) QTest::keyClick(list, key);
     }
     // Takes out the selected rows with "-", answering Yes, and checks the question asked.
     void removeSelectedRows(int selected) {
@@ -88,21 +85,6 @@ private slots:
         QCOMPARE(text("galleryPath"), folder + "/");
     }
 
-    void theArrowKeysStepOnFromTheSelectedRow() {
-        QCoreApplication::processEvents();  // the drop is over
-        press(Qt::Key_Down, 3);
-        QCOMPARE(catalogue->ListIndex(), 3);
-        QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "Row three");
-        press(Qt::Key_Down, 997);
-        QCOMPARE(catalogue->ListIndex(), 1000);
-        QCOMPARE(catalogue->SelCount(), 1);
-        QCOMPARE(text("imgCaption"), QString());
-        QCOMPARE(App::instance()->opf, catalogue->Cell(1000, 2));
-        press(Qt::Key_Up, 997);
-        QCOMPARE(catalogue->ListIndex(), 3);
-        QCOMPARE(text("imgCaption"), QString("Row three"));
-    }
-
     void thePageHoldsASlideForEveryRowInOrder() {
         window->findChild<QPushButton*>("BevelButton1")->click();
         const QString page = folder + "/index.html";
@@ -119,15 +101,11 @@ private slots:
              QRegularExpression("<img src='([^']*)'").globalMatch(html))
             sources << match.captured(1);
         QCOMPARE(sources, originalNames());
-        QVERIFY(html.contains("<img src='" + catalogue->Cell(3, 1) +
-                              "' class='d-block w-100' alt=''>\n\t<div class='carousel-caption "
-                              "d-none d-md-block' style='color:White'><h5>Row three</h5></div>"));
     }
 
     void removingBlocksAndSingleRowsKeepsTheRestInOrder() {
         const QStringList before = originalNames();
         // Two blocks picked with Shift, and every tenth row between them with Ctrl.
-        const auto isPicked = [](int row) { return row < 2500 || row >= 7500 || row % 10 == 0; };
         QItemSelection picked;
         picked.select(catalogue->index(0, 0), catalogue->index(2499, 5));
         for (int row = 2500; row < 7500; row += 10)
@@ -137,8 +115,8 @@ private slots:
 
         removeSelectedRows(5500);
         QStringList kept;
-        for (int row = 0; row < kImages; ++row)
-            if (!isPicked(row)) kept << before[row];
+        for (int row = 2500; row < 7500; ++row)
+            if (row % 10) kept << before[row];
         QCOMPARE(originalNames(), kept);
         QCOMPARE(text("imgCount"), QString("4500 images"));
         QCOMPARE(catalogue->SelCount(), 1);

@@ -1,7 +1,6 @@
 // The text helpers over arbitrary texts, separators and numbers.
 #include <QStringList>
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 #include "fuzzinput.h"
@@ -57,21 +56,13 @@ void truncationStaysInRange(double a, double b) {
     if (!std::isnan(b) && a <= b) FUZZ_CHECK(ta <= tb);
 }
 
-double doubleFrom(FuzzInput& input) {
-    std::uint64_t bits = 0;
-    for (int i = 0; i < 8; ++i) bits = bits << 8 | input.byte();
-    double value;
-    std::memcpy(&value, &bits, sizeof value);
-    return value;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput input(data, size);
     const int number = input.wholeInt();
-    const double a = doubleFrom(input);
-    const double b = doubleFrom(input);
+    const double a = input.real();
+    const double b = input.real();
     const int code = input.wholeInt();
     // Mostly the separators the program splits at, or a doubled one, whose runs could be split
     // in more than one way; now and then any text at all.

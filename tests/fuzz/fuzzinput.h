@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QString>
-#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 // A property that does not hold ends the run the way a crash does, so that libFuzzer keeps the
 // input that broke it and the seed replay fails.
@@ -21,32 +21,25 @@ public:
     FuzzInput(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
 
     bool atEnd() const { return position_ >= size_; }
-
     std::uint8_t byte() { return atEnd() ? 0 : data_[position_++]; }
-
     // A whole number from `low` to `high` (at most 256 values apart), from one byte.
     int number(int low, int high) { return low + byte() % (high - low + 1); }
-
-    // Four bytes as an int, covering its whole range.
-    int wholeInt() {
-        std::uint32_t value = 0;
-        for (int i = 0; i < 4; ++i) value = value << 8 | byte();
-        return static_cast<int>(value);
+    // Four bytes as an int, and eight as a double: their whole ranges, NaN and infinities too.
+    int wholeInt() { return static_cast<int>(bigEndian(4)); }
+    double real() {
+        const std::uint64_t bits = bigEndian(8);
+        double value;
+        std::memcpy(&value, &bits, sizeof value);
+        return value;
     }
 
-    // A text. A leading byte chooses how the bytes behind it read: mostly as UTF-8 up to the
-    // next zero byte (broken sequences become replacement characters), now and then as raw
-    // UTF-16 code units, two bytes each, up to the next zero unit, so that texts with lone
-    // surrogates come along too.
+    // A text: after a leading byte, mostly UTF-8 up to a zero byte (broken sequences read as
+    // replacement characters), now and then raw UTF-16 up to a zero unit, lone surrogates too.
     QString text() {
         QString text;
         if (byte() % 4 == 0) {
-            while (!atEnd()) {
-                const std::uint8_t high = byte();
-                const auto unit = static_cast<char16_t>(high << 8 | byte());
-                if (unit == 0) break;
+            for (auto unit = char16_t(bigEndian(2)); unit != 0; unit = char16_t(bigEndian(2)))
                 text.append(QChar(unit));
-            }
             return text;
         }
         const std::size_t start = position_;
@@ -58,6 +51,12 @@ public:
     }
 
 private:
+    std::uint64_t bigEndian(int bytes) {
+        std::uint64_t value = 0;
+        for (int i = 0; i < bytes; ++i) value = value << 8 | byte();
+        return value;
+    }
+
     const std::uint8_t* data_;
     std::size_t size_;
     std::size_t position_ = 0;
