@@ -8,9 +8,15 @@
 // Records what would have been opened on the desktop; opens nothing.
 class RecordingDesktop final : public Desktop {
 public:
-    void launch(const QString& path) override;
-    void showURL(const QString& url) override;
-    void clear();
+    void launch(const QString& path) override {
+        launched.append(path);
+        if (onLaunch) onLaunch(path);
+    }
+    void showURL(const QString& url) override {
+        urls.append(url);
+        if (onShowURL) onShowURL(url);
+    }
+    void clear() { *this = RecordingDesktop(); }
 
     QStringList launched;
     QStringList urls;

@@ -16,13 +16,24 @@ public:
         QString title;
     };
 
-    void message(const QString& text) override;
-    int ask(const QString& text, int buttons, const QString& title) override;
-    void beep() override;
-    bool pickColour(QColor& colour, const QString& prompt) override;
-    QString chooseFolder() override;
-
-    void clear();
+    void message(const QString& text) override { messages.append(text); }
+    int ask(const QString& text, int buttons, const QString& title) override {
+        questions.append({text, buttons, title});
+        return answers.isEmpty() ? kAnswerNo : answers.dequeue();
+    }
+    void beep() override { ++beeps; }
+    bool pickColour(QColor& colour, const QString& prompt) override {
+        colourPickerStarts.append(colour);
+        colourPrompts.append(prompt);
+        const std::optional<QColor> taken = colours.isEmpty() ? std::nullopt : colours.dequeue();
+        colour = taken.value_or(colour);
+        return taken.has_value();
+    }
+    QString chooseFolder() override {
+        ++folderChoosers;
+        return folders.isEmpty() ? QString() : folders.dequeue();
+    }
+    void clear() { *this = RecordingDialogs(); }
 
     QStringList messages;
     QList<Question> questions;

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QString>
+#include <QDir>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/app.h"
@@ -11,13 +13,31 @@
 // folder are temporary), with the dialogs and the desktop replaced by recording doubles.
 class TestEnvironment {
 public:
-    TestEnvironment();
-    ~TestEnvironment();
+    TestEnvironment() {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        QDir(homeDir.path()).mkpath(QStringLiteral("Desktop"));
+        qputenv("HOME", homeDir.path().toLocal8Bit());
+        for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
+                                     "XDG_DESKTOP_DIR", "XDG_DOCUMENTS_DIR", "XDG_PICTURES_DIR"})
+            qunsetenv(variable);
+        QStandardPaths::setTestModeEnabled(true);
+        platform::installDialogs(&recordingDialogs);
+        platform::installDesktop(&recordingDesktop);
+    }
+    ~TestEnvironment() {
+        platform::installDialogs(nullptr);
+        platform::installDesktop(nullptr);
+    }
 
-    static RecordingDialogs& dialogs();
-    static RecordingDesktop& desktop();
+    static RecordingDialogs& dialogs() { return recordingDialogs; }
+    static RecordingDesktop& desktop() { return recordingDesktop; }
     // The temporary home folder.
-    static QString home();
+    static QString home() { return homeDir.path(); }
+
+private:
+    static inline QTemporaryDir homeDir;
+    static inline RecordingDialogs recordingDialogs;
+    static inline RecordingDesktop recordingDesktop;
 };
 
 #define VELMORA_TEST_MAIN(TestObject)           \

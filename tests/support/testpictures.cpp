@@ -1,20 +1,30 @@
 #include "support/testpictures.h"
 
+#include <fcntl.h>
+#include <zlib.h>
+
 #include <QBuffer>
 #include <QDataStream>
 #include <QFile>
+#include <QPainter>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <QTest>
+
+#include "platform/nativename.h"
+#include "support/photolike.h"
 
 namespace {
 
-quint32 crc32(const QByteArray& bytes) {
-    quint32 crc = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        crc ^= quint8(byte);
-        for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320 & (0 - (crc & 1)));
-    }
-    return ~crc;
+QByteArray pngChunk(const char* type, const QByteArray& data) {
+    const QByteArray body = type + data;
+    QByteArray chunk;
+    QDataStream out(&chunk, QIODevice::WriteOnly);
+    out << quint32(data.size());
+    out.writeRawData(body.constData(), body.size());
+    out << quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), body.size()));
+    return chunk;
 }
 
 // A zlib stream of `count` zero bytes in one block of fixed codes: a literal zero, then copies of
@@ -47,44 +57,45 @@ qint64 statusKilobytes(const QByteArray& field) {
 
 }  // namespace
 
-QByteArray jpegWithOrientation(const QImage& image, int orientation) {
-    QByteArray jpeg;
-    QBuffer buffer(&jpeg);
+QByteArray encoded(const QImage& image, const char* format, int quality) {
+    QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPEG", 95);
+    image.save(&buffer, format, quality);
+    return buffer.data();
+}
+
+void writeBytes(const QString& path, const QByteArray& bytes) {
+    const int fd =
+        ::open(nativeName::toBytes(path).constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    QFile file;
+    QVERIFY2(fd >= 0 && file.open(fd, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle),
+             qPrintable(path));
+    QVERIFY(file.write(bytes) == bytes.size());
+}
+
+QByteArray jpegWithOrientation(const QImage& image, int orientation) {
     // APP1: "Exif", a big-endian TIFF header, and one entry: Orientation, a SHORT.
     const QByteArray exif =
         QByteArray::fromHex("ffe100224578696600004d4d002a000000080001011200030000000100");
-    return jpeg.insert(2, exif + char(orientation) + QByteArray(6, '\0'));
+    return encoded(image, "JPEG", 95).insert(2, exif + char(orientation) + QByteArray(6, '\0'));
 }
 
 bool writeAvif(const QImage& image, const QString& path, const QStringList& options) {
     QTemporaryDir dir;
     const QString png = dir.filePath(QStringLiteral("source.png"));
-    if (!image.save(png)) return false;
     QProcess encoder;
-    encoder.start(QStringLiteral("avifenc"), options + QStringList{png, path});
+    if (image.save(png)) encoder.start(QStringLiteral("avifenc"), options + QStringList{png, path});
     return encoder.waitForFinished() && encoder.exitCode() == 0;
 }
 
-QByteArray pngChunk(const char* type, const QByteArray& data) {
-    QByteArray body = QByteArray(type) + data;
-    QByteArray chunk;
-    QDataStream out(&chunk, QIODevice::WriteOnly);
-    out << quint32(data.size());
-    out.writeRawData(body.constData(), body.size());
-    out << crc32(body);
-    return chunk;
-}
-
-QByteArray blackPng(QSize size) {
+QByteArray blackPng(QSize size, int rows) {
     QByteArray header;
     QDataStream(&header, QIODevice::WriteOnly)
         << quint32(size.width()) << quint32(size.height()) << quint8(8) << quint8(0) << quint8(0)
         << quint8(0) << quint8(0);
-    const qint64 rows = qint64{size.height()} * (1 + size.width());
+    const qint64 bytes = qint64{rows < 0 ? size.height() : rows} * (1 + size.width());
     return QByteArray("\x89PNG\r\n\x1a\n", 8) + pngChunk("IHDR", header) +
-           pngChunk("IDAT", zlibZeros(rows)) + pngChunk("IEND", {});
+           pngChunk("IDAT", zlibZeros(bytes)) + pngChunk("IEND", {});
 }
 
 PeakMemory::PeakMemory() {
@@ -96,4 +107,34 @@ PeakMemory::PeakMemory() {
 
 double PeakMemory::megabytes() const {
     return (statusKilobytes("VmHWM:") - start_) / 1024.0;
+}
+
+QImage photoLike(QSize size, quint32 seed) {
+    QRandomGenerator random(seed);
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        QRgb* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const int noise = random.bounded(96);
+            line[x] = qRgb((x * 200 / size.width() + noise) & 255,
+                           (y * 200 / size.height() + noise) & 255,
+                           ((x + y) * 120 / (size.width() + size.height()) + 2 * noise) & 255);
+        }
+    }
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < 300; ++i) {
+        painter.setBrush(QColor::fromRgb(random.generate()));
+        painter.setPen(QPen(QColor::fromRgb(random.generate()), random.bounded(1, 12)));
+        const QRect shape(random.bounded(size.width()), random.bounded(size.height()),
+                          random.bounded(std::max(1, size.width() / 6)),
+                          random.bounded(std::max(1, size.height() / 6)));
+        i % 2 ? painter.drawEllipse(shape) : painter.drawRect(shape);
+    }
+    return image;
+}
+
+double median(QList<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.isEmpty() ? 0.0 : values[values.size() / 2];
 }

@@ -1,9 +1,13 @@
 #pragma once
 
-#include <QByteArray>
 #include <QImage>
-#include <QSize>
 #include <QStringList>
+
+// `image` in `format` (as Qt names it), at `quality` where the format has one.
+QByteArray encoded(const QImage& image, const char* format, int quality = -1);
+
+// Writes `bytes` to a new file at `path`, made by the name's bytes: not every name is UTF-8.
+void writeBytes(const QString& path, const QByteArray& bytes);
 
 // `image` as a JPEG whose EXIF orientation tag (1 to 8) tells a viewer how to turn it upright, as
 // a phone stores a portrait shot.
@@ -12,12 +16,10 @@ QByteArray jpegWithOrientation(const QImage& image, int orientation);
 // Writes `image` to `path` as AVIF with libavif's own encoder, given `options`.
 bool writeAvif(const QImage& image, const QString& path, const QStringList& options = {});
 
-// A PNG chunk of `type` with its length and checksum.
-QByteArray pngChunk(const char* type, const QByteArray& data);
-
-// A complete, valid PNG of `size` black grey pixels, written without an encoder: the rows of
-// 60000 x 60000 pixels take 3.6 gigabytes, the file 23 megabytes.
-QByteArray blackPng(QSize size);
+// A valid PNG of `size` black grey pixels, written without an encoder: the rows of 60000 x 60000
+// pixels take 3.6 gigabytes, the file 23 megabytes. With `rows` set, the pixels end after that
+// many rows, long before the header says.
+QByteArray blackPng(QSize size, int rows = -1);
 
 // The growth of this process's resident memory at its highest since the object was made, in MB.
 class PeakMemory {
