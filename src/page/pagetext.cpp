@@ -109,10 +109,6 @@ QString addressOfFileName(const QString& name) {
     return out;
 }
 
-QString addressOfFileBytes(const QByteArray& name) {
-    return addressOfFileName(nativeName::fromBytes(name));
-}
-
 QByteArray fileBytesOfAddress(const QString& address) {
     return QByteArray::fromPercentEncoding(address.toUtf8());
 }

@@ -18,10 +18,7 @@ QString unescaped(const QString& html);
 // nativeName) as that byte; letters of every script, inner blanks and ordinary punctuation stay
 // as they are.
 QString addressOfFileName(const QString& name);
-// The same for a name as the file system holds it; bytes that are not well-formed UTF-8 are
-// percent-encoded one by one, so that a browser still asks for exactly those bytes.
-QString addressOfFileBytes(const QByteArray& name);
-// The file name, or its bytes, that an address written by the functions above stands for; a
+// The file name, or its bytes, that an address written by addressOfFileName stands for; a
 // name that is not UTF-8 comes back with its bytes kept, as intake lists it.
 QString fileNameOfAddress(const QString& address);
 QByteArray fileBytesOfAddress(const QString& address);
