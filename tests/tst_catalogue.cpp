@@ -61,7 +61,8 @@ private slots:
                                         "Width", "Height"}));
         QCOMPARE(catalogue.countText() + catalogue.renameFlag(), QString("0 imagesno"));
         // Each update counts the rows and selects the row added last; adding alone selects none.
-        for (const auto& [letters, count] : Pairs{{"a", "1 image"}, {"bcdefg", "7 images"}}) {
+        for (const auto& [letters, count] :
+             Pairs{{"", "0 images"}, {"a", "1 image"}, {"bcdefg", "7 images"}}) {
             fill(catalogue, letters);
             QCOMPARE(catalogue.ListIndex(), -1);
             catalogue.updateTheList();
