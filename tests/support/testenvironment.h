@@ -15,29 +15,36 @@ class TestEnvironment {
 public:
     TestEnvironment() {
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        QDir(homeDir.path()).mkpath(QStringLiteral("Desktop"));
-        qputenv("HOME", homeDir.path().toLocal8Bit());
+        QDir(doubles().home.path()).mkpath(QStringLiteral("Desktop"));
+        qputenv("HOME", doubles().home.path().toLocal8Bit());
         for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
                                      "XDG_DESKTOP_DIR", "XDG_DOCUMENTS_DIR", "XDG_PICTURES_DIR"})
             qunsetenv(variable);
         QStandardPaths::setTestModeEnabled(true);
-        platform::installDialogs(&recordingDialogs);
-        platform::installDesktop(&recordingDesktop);
+        platform::installDialogs(&doubles().dialogs);
+        platform::installDesktop(&doubles().desktop);
     }
     ~TestEnvironment() {
         platform::installDialogs(nullptr);
         platform::installDesktop(nullptr);
     }
 
-    static RecordingDialogs& dialogs() { return recordingDialogs; }
-    static RecordingDesktop& desktop() { return recordingDesktop; }
+    static RecordingDialogs& dialogs() { return doubles().dialogs; }
+    static RecordingDesktop& desktop() { return doubles().desktop; }
     // The temporary home folder.
-    static QString home() { return homeDir.path(); }
+    static QString home() { return doubles().home.path(); }
 
 private:
-    static inline QTemporaryDir homeDir;
-    static inline RecordingDialogs recordingDialogs;
-    static inline RecordingDesktop recordingDesktop;
+    // Made at the first use, in main(), rather than before it.
+    struct Doubles {
+        QTemporaryDir home;
+        RecordingDialogs dialogs;
+        RecordingDesktop desktop;
+    };
+    static Doubles& doubles() {
+        static Doubles made;
+        return made;
+    }
 };
 
 #define VELMORA_TEST_MAIN(TestObject)           \
