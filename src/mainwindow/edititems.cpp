@@ -18,7 +18,8 @@ EditItems::EditItems(MainMenuBar& menus) : QObject(&menus), menus_(menus) {
         {menus.EditClear, [](QLineEdit* field) { field->del(); }},
     };
     for (const auto& [item, edit] : fieldEdits) {
-        connect(item, &QAction::triggered, this, [this, edit] {
+        // Copied by name: clang before 16 cannot capture a structured binding.
+        connect(item, &QAction::triggered, this, [this, edit = edit] {
             if (field_) edit(field_);
         });
     }
