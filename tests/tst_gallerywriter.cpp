@@ -51,6 +51,16 @@ private slots:
         const std::optional<GalleryPage> gallery = readGalleryPage(expected);
         QVERIFY(gallery && gallery->slides.size() == 3);
         QCOMPARE(pageBytes(*gallery), expected);
+        // Line ends changed on the way read the same; a page cut short, a slide without its
+        // caption or another program's page is no page of ours.
+        QVERIFY(readGalleryPage(QByteArray(expected).replace("\n", "\r\n")) == gallery);
+        const qsizetype lastCaption = expected.lastIndexOf("\t<div class='carousel-caption");
+        const qsizetype lineEnd = expected.indexOf('\n', lastCaption) + 1;
+        for (const QByteArray& other :
+             {expected.first(expected.size() - 20),
+              QByteArray(expected).remove(lastCaption, lineEnd - lastCaption),
+              QByteArray(expected).replace("simpleCarousel", "x")})
+            QVERIFY(!readGalleryPage(other));
     }
 
     void onlyThePageIsWrittenAndOnlyInItsFolder_data() {

@@ -30,7 +30,6 @@ public:
         return taken.has_value();
     }
     QString chooseFolder() override {
-        ++folderChoosers;
         return folders.isEmpty() ? QString() : folders.dequeue();
     }
     void clear() { *this = RecordingDialogs(); }
@@ -47,5 +46,4 @@ public:
     QQueue<std::optional<QColor>> colours;
     // Folders the user chooses in order; an empty queue cancels the chooser.
     QQueue<QString> folders;
-    int folderChoosers = 0;
 };
