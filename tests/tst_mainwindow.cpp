@@ -2,7 +2,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDrag>
-#include <QFileOpenEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -183,15 +182,11 @@ private slots:
     }
     // The menu bar as the user reads it, then the items kept out of it; and what is enabled.
     void theMenusHoldTheirItemsAndFollowTheRowsAndTheRenameFlag() {
+        QList<QAction*> items;
+        for (QAction* menu : window->menuBar()->actions()) items << menu << menu->menu()->actions();
         QStringList tree;
-        const auto add = [&tree](const QAction* item) {
+        for (const QAction* item : items + window->actions())
             tree << (item->isSeparator() ? "-" : item->text() + " " + item->shortcut().toString());
-        };
-        for (const QAction* menu : window->menuBar()->actions()) {
-            add(menu);
-            for (const QAction* item : menu->menu()->actions()) add(item);
-        }
-        for (const QAction* item : window->actions()) add(item);
         QCOMPARE(tree.join('|'),
                  "&File |Open Folder... Ctrl+O|About Velmora |Write the gallery page Ctrl+S|"
                  "&Quit Ctrl+Q|&Edit |&Undo Ctrl+Z|-|Cu&t Ctrl+X|&Copy Ctrl+C|&Paste Ctrl+V|"
@@ -227,8 +222,7 @@ private slots:
         button->click();
         menus.Save->trigger();
         QCOMPARE(desktop.launched, QStringList({dir.filePath("index.html")}));
-        // Deep inside the button's handler, opening the written page fails; then anything thrown
-        // from a timer.
+        // Opening the written page fails deep in the button's handler; a timer throws anything.
         desktop.onLaunch = [](const QString&) { throw std::runtime_error("no browser <here>"); };
         catalogue->setListIndex(0);
         QTest::mouseClick(button, Qt::LeftButton);
@@ -398,9 +392,8 @@ private slots:
         const QString later = dir.filePath("Later");
         writeImages(later, {"e.png", "c.jpg", "0.png", "b.png"});
         // The caption colour is none of the popups'; the page holds no folder or file name.
-        GalleryPage page{{later + "/", "trip.html", "Tom & Jerry's <a>", "&lt;b&gt;", "x", "Navy",
-                          "Gold", "#f00"},
-                         {}};
+        GalleryPage page{
+            {later + "/", "trip.html", "Tom & Jerry's", "<b>", "x", "Navy", "Gold", "#f00"}, {}};
         for (int i = 1; i <= 12; ++i) page.slides.append({QString("gone %1.jpg").arg(i), "old"});
         page.slides.insert(3, {"b.png", ""});
         page.slides.insert(3, {"c.jpg", "Cliffs"});
