@@ -2,12 +2,11 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDrag>
-#include <QFileOpenEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QTemporaryDir>
+#include <QTimer>
 #include <iostream>
 #include <sstream>
 
@@ -17,6 +16,7 @@
 #include "mainwindow/mainmenubar.h"
 #include "mainwindow/windowmain.h"
 #include "platform/sharedwindow.h"
+#include "platform/specialfolders.h"
 #include "preferences/windowpreferences.h"
 #include "support/dropfiles.h"
 #include "support/pagebytes.h"
@@ -29,19 +29,6 @@ const QString kAsked = QStringLiteral(
 const QStringList kRestored = {"d.png|Dunes", "a.png|Start & <end>", "b.png|", "c.jpg|x"};
 const QStringList kPlain = {"a.png|", "b.png|", "c.jpg|", "d.png|"};
 
-// Names and texts that an encoding has to get right.
-GalleryPage gallery(int slides, bool fullWidth) {
-    const QStringList names = {"été à Nice.jpg", "100% & more's #1?.png", " lead, trail .gif",
-                               "日本.jpeg", "a\"b<c>\\d.png"};
-    const QStringList captions = {"<b>bold</b> & <i>it</i>", "&amp; stays &amp;", "",
-                                  "'one' \"two\" &#65;", "</h5></div>"};
-    GalleryPage page{
-        {{}, {}, "Tom & Jerry's <a>", "&lt;b&gt;", {}, "Navy", "Gold", "Red", fullWidth}, {}};
-    for (int i = 0; i < slides; ++i)
-        page.slides.append({QString::number(i) + names[i % 5], captions[i % 5]});
-    return page;
-}
-
 void writeFile(const QString& path, const QByteArray& bytes, int secondsAgo = 0) {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush());
@@ -53,11 +40,6 @@ void writeImages(const QString& folder, const QStringList& names) {
     QDir().mkpath(folder);
     QImage image(4, 3, QImage::Format_RGB32);
     for (const QString& name : names) QVERIFY(image.save(folder + "/" + name, "PNG"));
-}
-
-QByteArray withoutLine(QByteArray page, const QByteArray& holding) {
-    const qsizetype start = page.lastIndexOf('\n', page.indexOf(holding)) + 1;
-    return page.remove(start, page.indexOf('\n', start) + 1 - start);
 }
 
 struct CapturedErrors {
@@ -154,7 +136,8 @@ private slots:
         const GallerySettings start = window->gallerySettings();
         QCOMPARE(start.galleryFileName + start.bgColor + start.textColor + start.captionColor,
                  "index.htmlBlackWhiteWhite");
-        QCOMPARE(start.galleryHTMLtitle, App::instance()->shortName + "'s photo gallery");
+        QCOMPARE(start.galleryHTMLtitle,
+                 QDir(TestEnvironment::home()).dirName() + "'s photo gallery");
         QVERIFY(start.fullPageWidth && (start.galleryTitle + start.gallerySubTitle).isEmpty());
         QVERIFY(!existingInstance<WindowPreferences>());
         // The trip's gallery, made the usual way: rows moved, captions typed, settings chosen.
@@ -183,18 +166,13 @@ private slots:
         TestEnvironment::desktop().clear();
     }
     void theWindowHasItsSizeAndOpensItsSheets() {
-        QCOMPARE(window->windowTitle(), QString("Velmora"));
         QCOMPARE(control("centralwidget")->size(), QSize(820, 680));
         QCOMPARE(window->minimumSize(), window->maximumSize());
         QVERIFY(!window->windowFlags().testFlag(Qt::WindowFullscreenButtonHint));
-        // The group box's large font stays with its caption.
-        QCOMPARE(control("GroupBox1")->font().pixelSize(), 16);
-        QWidget* caption = control("imgCaption");
-        QCOMPARE(caption->font().pointSizeF(), QApplication::font(caption).pointSizeF());
         control<QAbstractButton>("BevelButton2")->click();
         VelmoraHelp* help = existingInstance<VelmoraHelp>();
         QVERIFY(help && help->isVisible() && help->parentWidget() == window);
-        QCOMPARE(help->windowTitle(), QString("Velmora - Help"));
+        QCOMPARE(window->windowTitle() + " / " + help->windowTitle(), "Velmora / Velmora - Help");
         help->close();
         App::instance()->openPrefs = "yes";
         WindowMain other;
@@ -204,23 +182,18 @@ private slots:
     }
     // The menu bar as the user reads it, then the items kept out of it; and what is enabled.
     void theMenusHoldTheirItemsAndFollowTheRowsAndTheRenameFlag() {
+        QList<QAction*> items;
+        for (QAction* menu : window->menuBar()->actions()) items << menu << menu->menu()->actions();
         QStringList tree;
-        const auto add = [&tree](const QAction* item) {
+        for (const QAction* item : items + window->actions())
             tree << (item->isSeparator() ? "-" : item->text() + " " + item->shortcut().toString());
-        };
-        for (const QAction* menu : window->menuBar()->actions()) {
-            add(menu);
-            for (const QAction* item : menu->menu()->actions()) add(item);
-        }
-        for (const QAction* item : window->actions()) add(item);
         QCOMPARE(tree.join('|'),
                  "&File |Open Folder... Ctrl+O|About Velmora |Write the gallery page Ctrl+S|"
                  "&Quit Ctrl+Q|&Edit |&Undo Ctrl+Z|-|Cu&t Ctrl+X|&Copy Ctrl+C|&Paste Ctrl+V|"
                  "&Delete |-|Select &All Ctrl+A|Rename All images... Ctrl+R|"
                  "Restore original file names... Ctrl+Shift+R|Preferences... Ctrl+K");
         const QList<QAction*> file = menus.FileMenu->actions() + menus.hiddenItems();
-        const QString always = "Open Folder..., About Velmora, Quit, Preferences...";
-        QCOMPARE(enabled(file), always);
+        QCOMPARE(enabled(file), "Open Folder..., About Velmora, Quit, Preferences...");
         fill("a");
         catalogue->setListIndex(-1);
         catalogue->setRenameFlag("yes");
@@ -229,41 +202,51 @@ private slots:
                  "Rename All images..., Restore original file names..., Preferences...");
         catalogue->setCell(0, 0, "renamed");  // the hidden item answers its shortcut
         QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(catalogue->Cell(0, 0), QString("a"));
+        QCOMPARE(catalogue->Cell(0, 0) + " " + catalogue->renameFlag(), "a no");
         catalogue->DeleteAllRows();
-        QCOMPARE(enabled(file), always);
         catalogue->setRenameFlag("yes");
-        QVERIFY(menus.RestoreNames->isEnabled());
+        QCOMPARE(
+            enabled(file),
+            "Open Folder..., About Velmora, Quit, Restore original file names..., Preferences...");
     }
-    // The button wants a selected row; the menu item, even with its enabling stale, any row.
+    // The button wants a selected row; the menu item, even with its enabling stale, any row. A
+    // fault in a handler is shown and the program goes on (the tests after this one).
     void theButtonWantsASelectionAndTheMenuAnyRow() {
         auto* button = control<QAbstractButton>("BevelButton1");
+        RecordingDesktop& desktop = TestEnvironment::desktop();
         button->click();
         App::instance()->_Save_Action(0);
         QCOMPARE(dialogs.beeps, 2);
-        QCOMPARE(dialogs.messages,
-                 QStringList({"Oooops...\rIn order to create the page with the galley, you must "
-                              "first add the folder with the images you have carefully chosen."}));
         fill("a");
         catalogue->setListIndex(-1);
         button->click();
-        QCOMPARE(dialogs.messages.size(), 2);
-        QVERIFY(TestEnvironment::desktop().launched.isEmpty());
         menus.Save->trigger();
-        QCOMPARE(TestEnvironment::desktop().launched, QStringList({dir.filePath("index.html")}));
+        QCOMPARE(desktop.launched, QStringList({dir.filePath("index.html")}));
+        // Opening the written page fails deep in the button's handler; a timer throws anything.
+        desktop.onLaunch = [](const QString&) { throw std::runtime_error("no browser <here>"); };
+        catalogue->setListIndex(0);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTimer::singleShot(0, [] { throw 42; });
+        const QString oops =
+            "Oooops...\rIn order to create the page with the galley, you must first add the folder "
+            "with the images you have carefully chosen.";
+        const QString shown = "Velmora ran into an unexpected error and carried on.";
+        QTRY_COMPARE(dialogs.messages,
+                     QStringList({oops, oops, shown + "\rno browser <here>", shown}));
     }
     // Unasked, a button only beeps; answered No, its question changes nothing.
     void bothButtonsAskBeforeTakingRowsOut() {
         const QString clear = "Clear\n\nAre you sure to clear the image's list?";
         const QString one =
             "Remove image/s\n\nAre you sure to remove from the list the selected image?";
-        const std::tuple<const char*, QString, int, QString, QString, QString> cases[] = {
-            {"clearBtn", "", -1, "", "", ""},
-            {"clearBtn", "ab", 1, clear, "", "Empty list"},
-            {"clearBtn1", "abc", -1, "", "a|a! b|b! c|c!", ""},
-            {"clearBtn1", "abc", 0, one, "b|b! c|c!", "2 images"},
+        // Each case: the button, the rows, the one selected, the question, what stays (counted).
+        const std::tuple<const char*, QString, int, QString, QString> cases[] = {
+            {"clearBtn", "", -1, "", ""},
+            {"clearBtn", "ab", 1, clear, "Empty list"},
+            {"clearBtn1", "abc", -1, "", ""},
+            {"clearBtn1", "abc", 0, one, "b|b! c|c! 2 images"},
         };
-        for (const auto& [button, letters, selected, question, kept, count] : cases) {
+        for (const auto& [button, letters, selected, question, kept] : cases) {
             init();
             fill(letters);
             catalogue->setListIndex(selected);
@@ -279,27 +262,27 @@ private slots:
                     dialogs.questions.first().title.isEmpty());
             dialogs.answers.enqueue(kAnswerYes);
             control<QAbstractButton>(button)->click();
-            QCOMPARE(rows().join(' '), kept);
-            QCOMPARE(control<QLabel>("imgCount")->text(), count);
-            QVERIFY(App::instance()->opf.isEmpty());
-            QVERIFY(!menus.RestoreNames->isEnabled());
-            QCOMPARE(catalogue->ListIndex() >= 0, !kept.isEmpty());
+            QCOMPARE((rows() << control<QLabel>("imgCount")->text()).join(' '), kept);
+            QVERIFY(App::instance()->opf.isEmpty() && !menus.RestoreNames->isEnabled());
+            QCOMPARE(catalogue->ListIndex() >= 0, catalogue->ListCount() > 0);
         }
         QCOMPARE(control<QLabel>("info")->text(),
                  "To start, simply Drag and Drag  a folder of chosen images onto this "
                  "window.\nPlease take note: the images have to be already resized.");
     }
-    // The rows dragged, the row dropped on (-1: below the rows), in which half, the new order.
-    void draggedRowsMoveWithTheirCaptionsIntoThePage() {
-        const std::tuple<QList<int>, int, bool, QString> cases[] = {
-            {{0, 1}, 2, true, "c|c! a|a! b|b! d|d!"},
-            {{3}, 0, false, "d|d! a|a! b|b! c|c!"},
-            {{0, 2}, -1, false, "b|b! d|d! a|a! c|c!"}};
-        for (const auto& [dragged, onto, lowerHalf, order] : cases) {
+    // Dragged rows move with their captions, into the page too; Ctrl+A selects every row; no key
+    // and no wheel brings the hidden columns into view.
+    void theListMovesDraggedRowsAndNeverScrollsSideways() {
+        // The rows dragged, the drop in row heights (2.9: at the foot of row 2), the new order.
+        const std::tuple<QList<int>, double, QString> cases[] = {
+            {{0, 1}, 2.9, "c|c! a|a! b|b! d|d!"},
+            {{3}, 0.1, "d|d! a|a! b|b! c|c!"},
+            {{0, 2}, 5, "b|b! d|d! a|a! c|c!"}};
+        auto* list = control<CatalogueView>("Listbox1");
+        QWidget* port = list->viewport();
+        for (const auto& [dragged, rowHeights, order] : cases) {
             init();
             fill("abcd");
-            auto* list = control<CatalogueView>("Listbox1");
-            QWidget* port = list->viewport();
             catalogue->setListIndex(-1);
             for (int row : dragged)
                 list->selectionModel()->select(
@@ -312,9 +295,7 @@ private slots:
             QTest::mouseMove(port, from + QPoint(0, 30));
             const std::unique_ptr<QDrag> drag(list->findChild<QDrag*>());
             QVERIFY(drag);
-            const QRect row = list->visualRect(catalogue->index(onto, 0));
-            const QPoint at = onto < 0 ? QPoint(5, port->height() - 2)
-                                       : QPoint(5, lowerHalf ? row.bottom() - 1 : row.top() + 1);
+            const QPoint at(5, qRound(list->rowHeight(0) * rowHeights));
             QDropEvent drop(at, Qt::MoveAction, drag->mimeData(), Qt::LeftButton, Qt::NoModifier);
             (list->*&DroppableView::dropEvent)(&drop);
             // A drop taken as a move would make the list remove its dragged rows after it.
@@ -328,14 +309,9 @@ private slots:
             for (const auto& [name, caption] : page->page.slides) slides << name + "|" + caption;
             QCOMPARE(slides.join(' '), order);
         }
-    }
-    // Ctrl+A selects every row; no key and no wheel brings the hidden columns into view.
-    void theListSelectsAllAndNeverScrollsSideways() {
-        fill("abc");
-        auto* list = control<CatalogueView>("Listbox1");
         list->setFocus();
         QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(catalogue->SelCount(), 3);
+        QCOMPARE(catalogue->SelCount(), 4);
         for (Qt::Key key : {Qt::Key_Home, Qt::Key_Right, Qt::Key_End, Qt::Key_Right})
             QTest::keyClick(list, key);
         const QPointF inside(5, 5);
@@ -343,7 +319,7 @@ private slots:
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(list->viewport(), &wheel);
         QCOMPARE(list->horizontalHeader()->offset(), 0);
-        QCOMPARE(list->currentIndex(), catalogue->index(2, 0));
+        QCOMPARE(list->currentIndex(), catalogue->index(3, 0));
     }
     // Each case: the focused control, what is typed, whether all is selected, the clipboard.
     void theEditItemsFollowTheFocusAndTheClipboard() {
@@ -368,16 +344,6 @@ private slots:
             menus.EditUndo->trigger();  // takes back what was typed, if anything
             if (auto* field = qobject_cast<QLineEdit*>(target)) QVERIFY(!field->isUndoAvailable());
         }
-    }
-    void onlyTheWritersPagesReadBackWhole() {
-        for (const GalleryPage& whole : {gallery(0, true), gallery(1, true), gallery(60, false)})
-            QVERIFY(readGalleryPage(pageBytes(whole)) == whole);
-        const QByteArray page = pageBytes(gallery(3, false));
-        QVERIFY(readGalleryPage(QByteArray(page).replace("\n", "\r\n")) == gallery(3, false));
-        for (const QByteArray& broken : {QByteArray(), page.first(page.size() - 20),
-                                         QByteArray(page).replace("simpleCarousel", "x"),
-                                         withoutLine(page, "stays"), withoutLine(page, "<title>")})
-            QVERIFY(!readGalleryPage(broken));
     }
     // Each case: how the items come in, the answer to the question (0: none is expected) and the
     // rows; no rows: the item is refused with a word.
@@ -425,11 +391,12 @@ private slots:
     void imagesGoneAndAddedSinceTheNewestPage() {
         const QString later = dir.filePath("Later");
         writeImages(later, {"e.png", "c.jpg", "0.png", "b.png"});
-        GalleryPage page = gallery(0, true);
+        // The caption colour is none of the popups'; the page holds no folder or file name.
+        GalleryPage page{
+            {later + "/", "trip.html", "Tom & Jerry's", "<b>", "x", "Navy", "Gold", "#f00"}, {}};
         for (int i = 1; i <= 12; ++i) page.slides.append({QString("gone %1.jpg").arg(i), "old"});
         page.slides.insert(3, {"b.png", ""});
         page.slides.insert(3, {"c.jpg", "Cliffs"});
-        page.settings.captionColor = "#f00";  // no colour of the popups
         writeFile(later + "/trip.html", pageBytes(page), 30);
         GalleryPage older = page;
         older.settings.galleryTitle = "An older page";
@@ -438,8 +405,6 @@ private slots:
         hand("drop", "Later");
         QCOMPARE(dialogs.questions.first().text, kAsked);
         QCOMPARE(rows(), QStringList({"c.jpg|Cliffs", "b.png|", "0.png|", "e.png|"}));
-        page.settings.galleryPath = later + "/";
-        page.settings.galleryFileName = "trip.html";
         page.settings.captionColor = "White";  // left as it was
         QVERIFY(window->gallerySettings() == page.settings);
         QStringList told = {"12 images of the page are no longer in the folder."};
@@ -468,11 +433,25 @@ private slots:
         QCOMPARE(page->page.slides.first(2),
                  QList<PageSlide>({{"a.png", "First"}, {"b.png", "Second"}}));
     }
-    // Last: closing ends the program.
-    void closingIsNeverRefused() {
+    // Last: closing is never refused. It takes the program's own leftover off the Desktop, never a
+    // picture of the user's, and nothing from a home folder that stands in for the Desktop (as
+    // xdg-user-dirs sets it up where there is none).
+    void closingIsNeverRefusedAndTidiesTheDesktop() {
         fill("a");
         QVERIFY(window->close());
         QVERIFY(dialogs.questions.isEmpty());
+        const QDir desktop(SpecialFolder::Desktop());
+        QVERIFY(desktop.path().startsWith(TestEnvironment::home()));
+        for (const bool desktopIsHome : {false, true}) {
+            if (desktopIsHome)
+                QVERIFY(QDir(desktop).removeRecursively() &&
+                        QFile::link(TestEnvironment::home(), desktop.path()));
+            for (const char* name : {".foo.jpg", "foo.jpg"}) writeFile(desktop.filePath(name), {});
+            App::instance()->Event_Close();
+            QCOMPARE(QFile::exists(desktop.filePath(".foo.jpg")), desktopIsHome);
+            QVERIFY(QFile::exists(desktop.filePath("foo.jpg")));
+        }
+        QVERIFY(QFile::remove(desktop.path()) && QDir().mkpath(desktop.path()));
     }
 };
 
