@@ -62,9 +62,10 @@ private slots:
                                         "Width", "Height"}));
     }
 
-    void listIndexSelectsOneRowOrNothing() {
+    // The program selects one row or none, and the row added last stays an existing row.
+    void theSelectionAndTheLastRowStayOnExistingRows() {
         ImageCatalogue catalogue;
-        fill(catalogue, "abc");
+        fill(catalogue, "abcd");
         catalogue.setListIndex(0);
         catalogue.setListIndex(1);
         QCOMPARE(catalogue.Text(), QString("b"));
@@ -78,17 +79,13 @@ private slots:
         QCOMPARE(catalogue.ListIndex(), 0);  // first in row order, not in the order of picking
 
         // A row that does not exist neither fails nor takes the text.
-        catalogue.setListIndex(3);
+        catalogue.setListIndex(4);
         QCOMPARE(catalogue.SelCount(), 0);
         catalogue.setText("nobody");
         catalogue.setCell(-1, 7, "nobody");
         catalogue.setCell(5, 7, "nobody");
-        QCOMPARE(rows(catalogue), QString("a=A b=B c=C"));
-    }
+        QCOMPARE(rows(catalogue), QString("a=A b=B c=C d=D"));
 
-    void lastIndexStaysOnAnExistingRow() {
-        ImageCatalogue catalogue;
-        fill(catalogue, "abcd");
         catalogue.setListIndex(3);
         QSignalSpy change(&catalogue, &ImageCatalogue::Change);
         catalogue.RemoveRow(3);
