@@ -1,10 +1,11 @@
 #include <QEnterEvent>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTest>
+#include <QTabWidget>
 
-#include "app/app.h"
 #include "auxwindows/owner.h"
+#include "auxwindows/progresswheel.h"
 #include "auxwindows/velmorahelp.h"
 #include "auxwindows/windowabout.h"
 #include "auxwindows/windowabout2.h"
@@ -25,18 +26,16 @@ void hover(QWidget* widget, bool onto) {
 void deleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
-// Whether the text of `label` fits its box, as the label itself measures the room it takes.
-bool fits(const QLabel* label) {
-    if (label->wordWrap()) return label->heightForWidth(label->width()) <= label->height();
-    const QSize needed = label->sizeHint();
-    return needed.width() <= label->width() && needed.height() <= label->height();
-}
 WindowAbout* openAbout() {
     App::instance()->_About_Action();
     return existingInstance<WindowAbout>();
 }
+QTabWidget* helpPanel() {
+    return existingInstance<VelmoraHelp>()->findChild<QTabWidget*>("TabPanel1");
+}
 }  // namespace
 
+// The windows of their own: About and its large logo, help, and the progress window's wheel.
 class AboutWindowsTest : public QObject {
     Q_OBJECT
     const QPalette light = QApplication::palette();
@@ -45,6 +44,7 @@ private slots:
     void init() { TestEnvironment::desktop().clear(); }
     void cleanup() {
         if (WindowAbout* about = existingInstance<WindowAbout>()) about->close();
+        if (VelmoraHelp* help = existingInstance<VelmoraHelp>()) help->close();
         deleteClosedWindows();
         QApplication::setPalette(light);
     }
@@ -80,10 +80,7 @@ private slots:
         WindowAbout* about = openAbout();
         auto* logo = about->findChild<QWidget*>("ImageWell1");
         hover(logo, true);
-        const QCursor magnifier = logo->cursor();
-        QCOMPARE(magnifier.shape(), Qt::BitmapCursor);
-        QVERIFY(QRect(QPoint(), magnifier.pixmap().deviceIndependentSize().toSize())
-                    .contains(magnifier.hotSpot()));
+        QCOMPARE(logo->cursor().shape(), Qt::BitmapCursor);  // the magnifier
         hover(logo, false);
         QCOMPARE(logo->cursor().shape(), Qt::ArrowCursor);
         QTest::mouseClick(logo, Qt::LeftButton);
@@ -112,6 +109,69 @@ private slots:
         QVERIFY(!existingInstance<WindowAbout>());
     }
 
+    // Each language's tab holds its own text, whole (up to its last words) and read-only.
+    void eachHelpTabHoldsItsOwnText() {
+        sharedInstance<VelmoraHelp>()->Show();
+        QStringList tabs;
+        for (int tab = 0; tab < helpPanel()->count(); ++tab) {
+            const auto* text = helpPanel()->widget(tab)->findChild<QPlainTextEdit*>();
+            QVERIFY(text->isReadOnly());
+            const QStringList lines = text->toPlainText().trimmed().split('\n');
+            tabs << QString("%1 %2: %3")
+                        .arg(helpPanel()->tabText(tab))
+                        .arg(lines.size())
+                        .arg(lines.last());
+        }
+        QCOMPARE(tabs, QStringList({"English 15: That's it, nothing could be simpler!",
+                                    "Italiano 15: Ecco fatto, niente di più semplice!",
+                                    "Français 15: Voilà, rien de plus facile !",
+                                    "Deutsch 15: Das war's, nichts könnte einfacher sein!",
+                                    "Español 15: ¡Eso es, nada más fácil!",
+                                    "にほんご 15: これ以上簡単なことはない！",
+                                    "中文 15: 就是这样，没有比这更容易的了!"}));
+    }
+
+    // An opening while the window is up brings it forward as it is; OK and Escape end it, and
+    // the next opening starts on English.
+    void aNewHelpOpeningStartsOnEnglish() {
+        for (const bool escape : {false, true}) {
+            sharedInstance<VelmoraHelp>()->Show();
+            helpPanel()->setCurrentIndex(3);
+            sharedInstance<VelmoraHelp>()->Show();
+            QCOMPARE(helpPanel()->currentIndex(), 3);
+            VelmoraHelp* help = existingInstance<VelmoraHelp>();
+            if (escape)
+                QTest::keyClick(help, Qt::Key_Escape);
+            else
+                QTest::mouseClick(help->findChild<QPushButton*>("PushButton1"), Qt::LeftButton);
+            deleteClosedWindows();
+            QVERIFY(!existingInstance<VelmoraHelp>());
+        }
+        sharedInstance<VelmoraHelp>()->Show();
+        QCOMPARE(helpPanel()->currentIndex(), 0);
+    }
+
+    void resizingHelpGrowsThePanelAndWidensOk() {
+        VelmoraHelp* help = sharedInstance<VelmoraHelp>();
+        help->Show();
+        auto* text = help->findChild<QPlainTextEdit*>("TextArea4");
+        help->resize(740, 536);
+        QCOMPARE(helpPanel()->geometry(), QRect(20, 20, 700, 464));
+        QCOMPARE(help->findChild<QPushButton*>("PushButton1")->geometry(),
+                 QRect(280, 496, 180, 20));
+        QCOMPARE(QRect(text->mapTo(help, QPoint()), text->size()), QRect(40, 58, 560, 356));
+    }
+
+    // The walk of a folder holds the event loop: the wheel must turn from one repaint to the
+    // next with no event served between them.
+    void theProgressWheelTurnsBetweenRepaints() {
+        ProgressWheel wheel;
+        wheel.resize(16, 16);
+        const QImage first = wheel.grab().toImage();
+        QTest::qSleep(120);
+        QVERIFY(wheel.grab().toImage() != first);
+    }
+
     // Every label of every window; and narrowing is for the texts that need it: a text that fits
     // keeps its letters as they are.
     void noLabelOfAnyWindowClipsItsText() {
@@ -133,7 +193,10 @@ private slots:
             if (!label || label->text().isEmpty() || !label->window()->isVisible()) continue;
             QVERIFY(QTest::qWaitForWindowExposed(label->window()));
             ++labels;
-            if (!fits(label)) clipped << label->objectName();
+            // Whether the text fits its box, as the label itself measures the room it takes.
+            const QSize needed = label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
+                                                   : label->sizeHint();
+            if (needed.boundedTo(label->size()) != needed) clipped << label->objectName();
         }
         QVERIFY2(labels > 30, qPrintable(QString::number(labels)));
         QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(", ")));
