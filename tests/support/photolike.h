@@ -7,9 +7,6 @@
 // detail to deal with, as in a photo. The same seed gives the same picture.
 QImage photoLike(QSize size, quint32 seed);
 
-// The middle value of a set of timings.
-double median(QList<double> values);
-
 // Counts the paints of the widgets it is installed on.
 class PaintCounter : public QObject {
 public:

@@ -16,9 +16,8 @@ QByteArray jpegWithOrientation(const QImage& image, int orientation);
 // Writes `image` to `path` as AVIF with libavif's own encoder, given `options`.
 bool writeAvif(const QImage& image, const QString& path, const QStringList& options = {});
 
-// A valid PNG of `size` black grey pixels, written without an encoder: the rows of 60000 x 60000
-// pixels take 3.6 gigabytes, the file 23 megabytes. With `rows` set, the pixels end after that
-// many rows, long before the header says.
+// A valid PNG of `size` black grey pixels, one byte each. With `rows` set, the pixels end after
+// that many rows, long before the header says.
 QByteArray blackPng(QSize size, int rows = -1);
 
 // The growth of this process's resident memory at its highest since the object was made, in MB.
