@@ -1,13 +1,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QDir>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QUrl>
 
 #include "auxwindows/windowprogess.h"
 #include "mainwindow/windowmain.h"
@@ -37,7 +32,7 @@ QByteArray picture(QSize size, const char* format) {
 
 // Each drop walks its first item once and lists what reads as a picture, in a file manager's
 // order. Whatever lies in the folder, the walk ends and passes over the rest without a word, and
-// selecting a listed row either previews it or keeps the preview as it was.
+// selecting a listed row either previews it or shows nothing new.
 class IntakeTest : public QObject {
     Q_OBJECT
     QTemporaryDir dir;
@@ -55,30 +50,25 @@ class IntakeTest : public QObject {
         if (auto* field = window.findChild<QLineEdit*>(name)) return field->text();
         return window.findChild<QLabel*>(name)->text();
     }
-    // The rows from `first` on as list name, path in the test's folder, type and size.
+    // The rows from `first` on as list name, type and size.
     QStringList rows(int first) const {
         QStringList shown;
         for (int row = first; row < catalogue.ListCount(); ++row)
-            shown << QStringList({catalogue.Cell(row, 0),
-                                  QDir(dir.path()).relativeFilePath(catalogue.Cell(row, 2)),
-                                  catalogue.Cell(row, 3),
-                                  catalogue.Cell(row, 4) + "x" + catalogue.Cell(row, 5)})
-                         .join('|');
+            shown << catalogue.Cell(row, 0) + "|" + catalogue.Cell(row, 3) + "|" +
+                         catalogue.Cell(row, 4) + "x" + catalogue.Cell(row, 5);
         return shown;
     }
+    // The progress window shows once and hides again, and the first row is selected and shown.
     void drop(QWidget* target, const QList<QUrl>& urls, int count, const QString& folder) {
         dropOn(target, urls);
-        QCOMPARE(counter.shows, ++drops);
-        QVERIFY(existingInstance<WindowProgess>()->isHidden());
-        QCOMPARE(catalogue.ListCount(), count);
-        QCOMPARE(text("galleryPath"), folder);
-        if (count == 0) return;
-        QCOMPARE(catalogue.ListIndex(), 0);
-        QCOMPARE(catalogue.SelCount(), 1);
-        QCOMPARE(App::instance()->opf, catalogue.Cell(0, 2));
-        QCOMPARE(text("imgCount"), QString("%1 images").arg(count));
-        QCOMPARE(existingInstance<WindowProgess>()->progressInfoText(),
-                 QString("%1 images added, please wait.").arg(count));
+        const WindowProgess* progress = existingInstance<WindowProgess>();
+        QVERIFY(counter.shows == ++drops && progress->isHidden());
+        QCOMPARE(QStringList({text("galleryPath"), text("imgCount"), progress->progressInfoText()}),
+                 QStringList({folder, QString("%1 images").arg(count),
+                              QString("%1 images added, please wait.").arg(count)}));
+        QCOMPARE(QString("%1 %2 ").arg(catalogue.ListIndex()).arg(catalogue.SelCount()) +
+                     App::instance()->opf,
+                 "0 1 " + catalogue.Cell(0, 2));
         QVERIFY(TestEnvironment::dialogs().messages.isEmpty());
         QCOMPARE(TestEnvironment::dialogs().beeps, 0);
     }
@@ -114,85 +104,75 @@ private slots:
         in(odd, "notes.png", "Shopping list: film, batteries.\n");
         // Its header declares 100000 x 100000 pixels, its rows end after the first: a decoder
         // that took the header at its word would ask for 10 GB.
-        in(odd, "enormous.png", blackPng({100000, 100000}, 1));
+        in(odd, "enormous.png", blackPng({100000, 1}, {100000, 100000}));
         for (const QString& name :
              {QString("it's.png"), QString("Tom & Jerry.png"), QString("say \"cheese\".png"),
               QString("🌅 dawn.png"), longName, latin1})
             in(odd, name, png);
         QCOMPARE(nativeName::toBytes(longName).size(), 255);
+        // A walk that opened the pipe would wait for a writer that never comes.
         QCOMPARE(mkfifo(QFile::encodeName(odd + "/pipe.jpg").constData(), 0600), 0);
         QVERIFY(QFile::link(odd + "/gone.png", odd + "/dangling.png"));
         QVERIFY(QFile::link(odd + "/loop-b.png", odd + "/loop-a.png"));
         QVERIFY(QFile::link(odd + "/loop-a.png", odd + "/loop-b.png"));
         QVERIFY(QFile::link(odd + "/it's.png", odd + "/link.png"));
         window.Event_Open();
+        // Closing cannot stop the walk, so the progress window refuses it while a drop runs.
+        sharedInstance<WindowProgess>()->Show();
+        QVERIFY(!existingInstance<WindowProgess>()->close());
+        existingInstance<WindowProgess>()->Hide();
         qApp->installEventFilter(&counter);
     }
 
     void dropsAppendTheFirstItemOfEach() {
-        QVERIFY(!existingInstance<WindowProgess>());
-        drop(&window, {QUrl("https://example.org/photos/")}, 0, "Please add the image's folder...");
+        dropOn(&window, {QUrl("https://example.org/photos/")});
+        QCOMPARE(text("galleryPath") + text("imgCount"),
+                 "Please add the image's folder...0 images");
+        QVERIFY(counter.shows == ++drops && existingInstance<WindowProgess>()->isHidden());
+
         drop(&window, {QUrl::fromLocalFile(trip), QUrl::fromLocalFile(more)}, 8, trip + "/");
         // Whatever its name says, a PNG is a picture; its extension is no image extension.
-        QCOMPARE(
-            rows(0),
-            QStringList({".cover|Trip/.cover.png|image/png|8x8", "anim|Trip/anim.gif|image/gif|3x2",
-                         "beach|Trip/beach.jpg|image/jpeg|64x48",
-                         "IMG_2|Trip/IMG_2.png|image/png|40x30",
-                         "IMG_10|Trip/IMG_10.png|image/png|20x10",
-                         "portrait|Trip/portrait.jpg|image/jpeg|40x30",
-                         "shot.bak|Trip/shot.bak||5x7", "sky|Trip/sky.avif|image/avif|24x16"}));
-
+        QCOMPARE(rows(0), QStringList({".cover|image/png|8x8", "anim|image/gif|3x2",
+                                       "beach|image/jpeg|64x48", "IMG_2|image/png|40x30",
+                                       "IMG_10|image/png|20x10", "portrait|image/jpeg|40x30",
+                                       "shot.bak||5x7", "sky|image/avif|24x16"}));
         catalogue.setListIndex(2);
         QTest::keyClicks(caption, "Low tide");
         drop(caption, {QUrl::fromLocalFile(more)}, 9, more + "/");
         QCOMPARE(catalogue.Cell(2, CatalogueRow::kCaptionCell), QString("Low tide"));
         QCOMPARE(caption->text(), QString());  // row 0's own caption
         drop(&window, {QUrl::fromLocalFile(more)}, 10, more + "/");
-        QCOMPARE(rows(8), QStringList(2, "dune|More/dune.png|image/png|12x6"));
+        QCOMPARE(rows(8), QStringList(2, "dune|image/png|12x6"));
         catalogue.setListIndex(4);
         drop(&window, {QUrl::fromLocalFile(trip + "/beach.jpg")}, 10, trip + "/beach.jpg/");
     }
 
+    // Pictures whose header reads are listed, even when their pixels will not decode, and
+    // whatever bytes their names are made of.
     void aHostileFolderListsWhatReadsAndPassesOverTheRest() {
-        QElapsedTimer walk;
-        walk.start();
         drop(&window, {QUrl::fromLocalFile(odd)}, 20, odd + "/");
-        // A walk that opened the pipe would wait here for a writer that never comes.
-        QVERIFY(walk.elapsed() < 60000);
-        // Pictures whose header reads are listed, even when their pixels will not decode, and
-        // whatever bytes their names are made of.
-        QStringList listed;
-        for (int row = 10; row < 20; ++row)
-            listed << catalogue.Cell(row, 1) + " " + catalogue.Cell(row, 4) + "x" +
-                          catalogue.Cell(row, 5);
-        QCOMPARE(listed, QStringList({"🌅 dawn.png 40x30", latin1 + " 40x30", "cut.jpg 200x150",
-                                      "dot.png 1x1", "enormous.png 100000x100000", "it's.png 40x30",
-                                      "link.png 40x30", longName + " 40x30",
-                                      "say \"cheese\".png 40x30", "Tom & Jerry.png 40x30"}));
+        QCOMPARE(rows(10),
+                 QStringList({"🌅 dawn|image/png|40x30", latin1.chopped(4) + "|image/png|40x30",
+                              "cut|image/jpeg|200x150", "dot|image/png|1x1",
+                              "enormous|image/png|100000x100000", "it's|image/png|40x30",
+                              "link|image/png|40x30", longName.chopped(4) + "|image/png|40x30",
+                              "say \"cheese\"|image/png|40x30", "Tom & Jerry|image/png|40x30"}));
         QCOMPARE(catalogue.data(catalogue.index(11, 1), Qt::DisplayRole), "caf\uFFFD.png");
     }
 
-    void everyListedRowPreviewsOrKeepsThePreviewAsItWas() {
+    void everyListedRowPreviewsOrShowsNothingNew() {
         auto* canvas = window.findChild<ImageCanvas*>("ImageCanvas");
         const PeakMemory memory;
         for (int row = 0; row < catalogue.ListCount(); ++row) {
-            const QSize canvasBefore = canvas->size();
-            const FramedPreview smallBefore = App::instance()->opSmall;
-            const QString infoBefore = text("info");
             catalogue.setListIndex(row);
             QCoreApplication::processEvents();
             QCOMPARE(App::instance()->opf, catalogue.Cell(row, 2));
-            if (catalogue.Cell(row, 1) == "enormous.png") {
-                // Its pixels end long before its header says: the preview stays as it was.
-                QVERIFY(!App::instance()->op);
-                QCOMPARE(canvas->size(), canvasBefore);
-                QCOMPARE(App::instance()->opSmall, smallBefore);
-                QCOMPARE(text("info"), infoBefore);
-            } else {
-                QVERIFY2(App::instance()->op, qPrintable(catalogue.Cell(row, 1)));
-                QCOMPARE(canvas->size(), App::instance()->opSmall.size());
-            }
+            // Only the enormous picture, whose pixels end long before its header says, is not
+            // shown; a refusal leaves the rest of the preview as it was, as the preview suite
+            // checks.
+            const bool shown = catalogue.Cell(row, 1) != "enormous.png";
+            QVERIFY2(bool(App::instance()->op) == shown, qPrintable(catalogue.Cell(row, 1)));
+            if (shown) QCOMPARE(canvas->size(), App::instance()->opSmall.size());
         }
         // The enormous picture was never decoded at its full size.
         QVERIFY(memory.megabytes() < 256);
@@ -205,16 +185,9 @@ private slots:
              {"imgCaption", "galleryHTMLtitle", "galleryTitle", "gallerySubTitle"})
             window.findChild<QLineEdit*>(field)->setText(longText);
         const GallerySettings settings = window.gallerySettings();
-        QCOMPARE(catalogue.Cell(catalogue.ListIndex(), CatalogueRow::kCaptionCell), longText);
-        QCOMPARE(settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
-                 longText + longText + longText);
-    }
-
-    void theProgressWindowCannotBeClosedDuringADrop() {
-        WindowProgess* progress = sharedInstance<WindowProgess>();
-        progress->Show();
-        QVERIFY(!progress->close() && progress->isVisible());
-        progress->Hide();
+        QCOMPARE(catalogue.Cell(catalogue.ListIndex(), CatalogueRow::kCaptionCell) +
+                     settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
+                 longText.repeated(4));
     }
 
     // Qt's own removal cannot reach a name that is not UTF-8.

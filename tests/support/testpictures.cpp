@@ -4,28 +4,18 @@
 #include <zlib.h>
 
 #include <QBuffer>
-#include <QDataStream>
 #include <QFile>
 #include <QPainter>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtEndian>
 
 #include "platform/nativename.h"
 #include "support/photolike.h"
 
 namespace {
-
-QByteArray pngChunk(const char* type, const QByteArray& data) {
-    const QByteArray body = type + data;
-    QByteArray chunk;
-    QDataStream out(&chunk, QIODevice::WriteOnly);
-    out << quint32(data.size());
-    out.writeRawData(body.constData(), body.size());
-    out << quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), body.size()));
-    return chunk;
-}
 
 qint64 statusKilobytes(const QByteArray& field) {
     QFile status(QStringLiteral("/proc/self/status"));
@@ -69,15 +59,17 @@ bool writeAvif(const QImage& image, const QString& path, const QStringList& opti
     return encoder.waitForFinished() && encoder.exitCode() == 0;
 }
 
-QByteArray blackPng(QSize size, int rows) {
-    QByteArray header;
-    QDataStream(&header, QIODevice::WriteOnly)
-        << quint32(size.width()) << quint32(size.height()) << quint8(8) << quint8(0) << quint8(0)
-        << quint8(0) << quint8(0);
-    // Each row is a filter byte and its pixels, all zero; qCompress puts the length first.
-    const QByteArray pixels(qint64{rows < 0 ? size.height() : rows} * (1 + size.width()), '\0');
-    return QByteArray("\x89PNG\r\n\x1a\n", 8) + pngChunk("IHDR", header) +
-           pngChunk("IDAT", qCompress(pixels).mid(4)) + pngChunk("IEND", {});
+QByteArray blackPng(QSize size, QSize declared) {
+    QImage black(size, QImage::Format_Grayscale8);
+    black.fill(0);
+    QByteArray png = encoded(black, "PNG");
+    if (declared.isEmpty()) return png;
+    // The header's width and height, then its checksum over its type and fields.
+    qToBigEndian<quint32>(declared.width(), png.data() + 16);
+    qToBigEndian<quint32>(declared.height(), png.data() + 20);
+    const auto* header = reinterpret_cast<const Bytef*>(png.constData() + 12);
+    qToBigEndian<quint32>(crc32(0, header, 17), png.data() + 29);
+    return png;
 }
 
 PeakMemory::PeakMemory() {

@@ -16,9 +16,9 @@ QByteArray jpegWithOrientation(const QImage& image, int orientation);
 // Writes `image` to `path` as AVIF with libavif's own encoder, given `options`.
 bool writeAvif(const QImage& image, const QString& path, const QStringList& options = {});
 
-// A valid PNG of `size` black grey pixels, one byte each. With `rows` set, the pixels end after
-// that many rows, long before the header says.
-QByteArray blackPng(QSize size, int rows = -1);
+// A PNG of `size` black grey pixels, one byte each. With `declared` set, its header says that
+// size instead, and the rows end long before it.
+QByteArray blackPng(QSize size, QSize declared = {});
 
 // The growth of this process's resident memory at its highest since the object was made, in MB.
 class PeakMemory {
