@@ -1,6 +1,5 @@
 #include "support/testpictures.h"
 
-#include <fcntl.h>
 #include <zlib.h>
 
 #include <QBuffer>
@@ -11,19 +10,18 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
+#include <cstdio>
 
 #include "platform/nativename.h"
 #include "support/photolike.h"
 
 namespace {
 
-qint64 statusKilobytes(const QByteArray& field) {
+qint64 statusKilobytes(const char* field) {
     QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly)) return 0;
-    for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine())
-        if (line.startsWith(field))
-            return line.mid(field.size()).trimmed().split(' ')[0].toLongLong();
-    return 0;
+    const QByteArray fields = status.open(QIODevice::ReadOnly) ? status.readAll() : QByteArray();
+    const qsizetype at = fields.indexOf(field);
+    return at < 0 ? 0 : std::atoll(fields.constData() + at + qstrlen(field));  // "  1234 kB"
 }
 
 }  // namespace
@@ -36,12 +34,11 @@ QByteArray encoded(const QImage& image, const char* format, int quality) {
 }
 
 void writeBytes(const QString& path, const QByteArray& bytes) {
-    const int fd =
-        ::open(nativeName::toBytes(path).constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    QFile file;
-    QVERIFY2(fd >= 0 && file.open(fd, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle),
+    std::FILE* file = std::fopen(nativeName::toBytes(path).constData(), "wb");
+    QVERIFY2(file &&
+                 std::fwrite(bytes.constData(), 1, bytes.size(), file) == size_t(bytes.size()) &&
+                 std::fclose(file) == 0,
              qPrintable(path));
-    QVERIFY(file.write(bytes) == bytes.size());
 }
 
 QByteArray jpegWithOrientation(const QImage& image, int orientation) {
@@ -76,11 +73,11 @@ PeakMemory::PeakMemory() {
     // Writing 5 here sets the peak back to what is resident now (Linux).
     QFile peak(QStringLiteral("/proc/self/clear_refs"));
     if (peak.open(QIODevice::WriteOnly)) peak.write("5");
-    start_ = statusKilobytes("VmRSS:");
+    start = statusKilobytes("VmRSS:");
 }
 
 double PeakMemory::megabytes() const {
-    return (statusKilobytes("VmHWM:") - start_) / 1024.0;
+    return (statusKilobytes("VmHWM:") - start) / 1024.0;
 }
 
 QImage photoLike(QSize size, quint32 seed) {

@@ -21,11 +21,8 @@ bool writeAvif(const QImage& image, const QString& path, const QStringList& opti
 QByteArray blackPng(QSize size, QSize declared = {});
 
 // The growth of this process's resident memory at its highest since the object was made, in MB.
-class PeakMemory {
-public:
+struct PeakMemory {
     PeakMemory();
     double megabytes() const;
-
-private:
-    qint64 start_;
+    qint64 start = 0;  // resident kilobytes
 };
