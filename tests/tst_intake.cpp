@@ -23,15 +23,13 @@ class IntakeTest : public QObject {
     WindowMain window;
     ImageCatalogue& catalogue = window.catalogue();
     QLineEdit* caption = window.findChild<QLineEdit*>("imgCaption");
+    QLineEdit* galleryPath = window.findChild<QLineEdit*>("galleryPath");
+    QLabel* imgCount = window.findChild<QLabel*>("imgCount");
     PaintCounter progressPaints;
     const QString longName = QString(251, u'n') + ".png";  // 255 bytes
     // A name in Latin-1, as an old camera card may hold: no UTF-8 text names this file.
     const QString latin1 = nativeName::fromBytes("caf\xe9.png");
 
-    QString text(const char* name) const {
-        if (auto* field = window.findChild<QLineEdit*>(name)) return field->text();
-        return window.findChild<QLabel*>(name)->text();
-    }
     // The rows from `first` on as list name, type and size.
     QStringList rows(int first) const {
         QStringList shown;
@@ -47,7 +45,7 @@ class IntakeTest : public QObject {
         dropOn(target, urls);
         const WindowProgess* progress = existingInstance<WindowProgess>();
         QVERIFY(progressPaints.paints > paints && progress->isHidden());
-        QCOMPARE(QStringList({text("galleryPath"), text("imgCount"), progress->progressInfoText()}),
+        QCOMPARE(QStringList({galleryPath->text(), imgCount->text(), progress->progressInfoText()}),
                  QStringList({folder, QString("%1 images").arg(count),
                               QString("%1 images added, please wait.").arg(count)}));
         QCOMPARE(catalogue.ListIndex(), 0);
@@ -58,40 +56,38 @@ private slots:
     void initTestCase() {
         QVERIFY(QDir().mkpath(trip + "/sub") && QDir().mkpath(more) &&
                 QDir().mkpath(odd + "/dir.png"));
-        const auto in = [](const QString& folder, const QString& name, const QByteArray& bytes) {
-            writeBytes(folder + "/" + name, bytes);
-        };
         const auto picture = [](QSize size, const char* format) {
             return encoded(photoLike(size, 7), format);
         };
-        in(trip, "IMG_2.png", picture({40, 30}, "PNG"));
-        in(trip, "IMG_10.png", picture({20, 10}, "PNG"));
-        in(trip, "beach.jpg", picture({64, 48}, "JPEG"));
-        in(trip, "shot.bak", picture({5, 7}, "PNG"));
-        in(trip, ".cover.png", picture({8, 8}, "PNG"));
-        in(trip, "sub/inner.png", picture({9, 9}, "PNG"));
+        writeBytes(trip + "/IMG_2.png", picture({40, 30}, "PNG"));
+        writeBytes(trip + "/IMG_10.png", picture({20, 10}, "PNG"));
+        writeBytes(trip + "/beach.jpg", picture({64, 48}, "JPEG"));
+        writeBytes(trip + "/shot.bak", picture({5, 7}, "PNG"));
+        writeBytes(trip + "/.cover.png", picture({8, 8}, "PNG"));
+        writeBytes(trip + "/sub/inner.png", picture({9, 9}, "PNG"));
         // A GIF of 3 x 2 pixels: Qt reads GIF but cannot write it.
-        in(trip, "anim.gif",
-           QByteArray::fromHex("47494638396103000200800000000000ffffff2c00000000030002000002050441"
-                               "100451003b"));
-        in(trip, "readme.txt", "Pictures from the trip.\n");
-        in(trip, "fake.jpg", "not a picture at all\n");
+        writeBytes(
+            trip + "/anim.gif",
+            QByteArray::fromHex("47494638396103000200800000000000ffffff2c00000000030002000002050441"
+                                "100451003b"));
+        writeBytes(trip + "/readme.txt", "Pictures from the trip.\n");
+        writeBytes(trip + "/fake.jpg", "not a picture at all\n");
         // Stored sideways, as a phone stores a portrait shot: listed as it is shown.
-        in(trip, "portrait.jpg", jpegWithOrientation(photoLike({30, 40}, 7), 6));
+        writeBytes(trip + "/portrait.jpg", jpegWithOrientation(photoLike({30, 40}, 7), 6));
         QVERIFY(writeAvif(photoLike({24, 16}, 7), trip + "/sky.avif"));
-        in(more, "dune.png", picture({12, 6}, "PNG"));
+        writeBytes(more + "/dune.png", picture({12, 6}, "PNG"));
 
         const QByteArray png = picture({40, 30}, "PNG"), jpeg = picture({200, 150}, "JPEG");
-        in(odd, "empty.jpg", {});
-        in(odd, "cut.jpg", jpeg.left(jpeg.size() / 2));
-        in(odd, "dot.png", picture({1, 1}, "PNG"));
+        writeBytes(odd + "/empty.jpg", {});
+        writeBytes(odd + "/cut.jpg", jpeg.left(jpeg.size() / 2));
+        writeBytes(odd + "/dot.png", picture({1, 1}, "PNG"));
         // Its header declares 100000 x 100000 pixels, its rows end after the first: a decoder
         // that took the header at its word would ask for 10 GB.
-        in(odd, "enormous.png", blackPng({100000, 1}, {100000, 100000}));
+        writeBytes(odd + "/enormous.png", blackPng({100000, 1}, {100000, 100000}));
         for (const QString& name :
              {QString("it's.png"), QString("Tom & Jerry.png"), QString("say \"cheese\".png"),
               QString("🌅 dawn.png"), longName, latin1})
-            in(odd, name, png);
+            writeBytes(odd + "/" + name, png);
         // A walk that opened the pipe would wait for a writer that never comes.
         QCOMPARE(mkfifo(QFile::encodeName(odd + "/pipe.jpg").constData(), 0600), 0);
         QVERIFY(QFile::link(odd + "/gone.png", odd + "/dangling.png"));
@@ -100,15 +96,16 @@ private slots:
         QVERIFY(QFile::link(odd + "/it's.png", odd + "/link.png"));
         window.Event_Open();
         // Closing cannot stop the walk, so the progress window refuses it while a drop runs.
-        sharedInstance<WindowProgess>()->Show();
-        QVERIFY(!existingInstance<WindowProgess>()->close());
-        existingInstance<WindowProgess>()->Hide();
-        existingInstance<WindowProgess>()->installEventFilter(&progressPaints);
+        WindowProgess* progress = sharedInstance<WindowProgess>();
+        progress->Show();
+        QVERIFY(!progress->close());
+        progress->Hide();
+        progress->installEventFilter(&progressPaints);
     }
 
     void dropsAppendTheFirstItemOfEach() {
         dropOn(&window, {QUrl("https://example.org/photos/")});
-        QCOMPARE(text("galleryPath") + text("imgCount"),
+        QCOMPARE(galleryPath->text() + imgCount->text(),
                  "Please add the image's folder...0 images");
 
         drop(&window, {QUrl::fromLocalFile(trip), QUrl::fromLocalFile(more)}, 8, trip + "/");

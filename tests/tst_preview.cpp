@@ -9,6 +9,7 @@
 #include "platform/slider.h"
 #include "preview/imagecanvas.h"
 #include "preview/sizecontrols.h"
+#include "resources/namedpictures.h"
 #include "support/testenvironment.h"
 #include "support/testpictures.h"
 
@@ -92,11 +93,9 @@ private slots:
         add("scaled up", photo, {2999, 2000}, 600, "h2000", 3);
         add("all frame", photo, {16, 10}, 50, "w16", 8);
         // What turns each picture as stored into the upright one: EXIF orientations 1 to 8.
-        // clang-format off
-        const QList<QTransform> turns = {{}, {-1, 0, 0, 1, 0, 0}, {-1, 0, 0, -1, 0, 0},
-            {1, 0, 0, -1, 0, 0}, {0, 1, 1, 0, 0, 0}, {0, 1, -1, 0, 0, 0}, {0, -1, -1, 0, 0, 0},
-            {0, -1, 1, 0, 0, 0}};
-        // clang-format on
+        const QList<QTransform> turns = {
+            QTransform(),       {-1, 0, 0, 1, 0, 0}, {-1, 0, 0, -1, 0, 0}, {1, 0, 0, -1, 0, 0},
+            {0, 1, 1, 0, 0, 0}, {0, 1, -1, 0, 0, 0}, {0, -1, -1, 0, 0, 0}, {0, -1, 1, 0, 0, 0}};
         const QSize shot(64, 48);
         for (int orientation = 1; orientation <= 8; ++orientation) {
             const QString file = dir.filePath(QString("orientation %1.jpg").arg(orientation));
@@ -160,13 +159,13 @@ private slots:
         if (frame > 0) QCOMPARE(small.pixel(0, 0), kFrame);
         if (frame > 0) QCOMPARE(small.pixel(inner.bottomRight() + QPoint(1, 1)), kFrame);
         const QSize source = App::instance()->op->size();
-        for (int x : {0, 1})
-            for (int y : {0, 1})
-                if (!inner.isEmpty())
-                    QCOMPARE(channels(small.pixel(x ? inner.right() : inner.left(),
-                                                  y ? inner.bottom() : inner.top())),
-                             channels(quarterAt(
-                                 source, {x * (source.width() - 1), y * (source.height() - 1)})));
+        for (int corner = 0; corner < 4 && !inner.isEmpty(); ++corner) {
+            const int x = corner % 2, y = corner / 2;
+            QCOMPARE(
+                channels(small.pixel(x ? inner.right() : inner.left(),
+                                     y ? inner.bottom() : inner.top())),
+                channels(quarterAt(source, {x * (source.width() - 1), y * (source.height() - 1)})));
+        }
     }
 
     // Stored on its side, so that it is scaled as stored, not squashed and stretched back.
@@ -216,9 +215,9 @@ private slots:
         WindowMain* main = app->windowMain();
         QCoreApplication::processEvents();
         // The field's first text falls to the slider's single position; the placeholder shows.
-        QCOMPARE(main->findChild<QLineEdit*>("resizedWidth")->text() + " " +
-                     QString::number(app->lastSize),
-                 "360 360");
+        QCOMPARE(main->findChild<QLineEdit*>("resizedWidth")->text(), QString("360"));
+        QCOMPARE(app->lastSize, 360);
+        QCOMPARE(app->op, pictures::hubble());
         QCOMPARE(main->imageCanvas()->geometry(), QRect(245, 74, 360, 240));
         // Icons are drawn for the screen's density, not scaled up from a smaller one.
         const auto* help = main->findChild<QToolButton*>("BevelButton2");
