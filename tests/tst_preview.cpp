@@ -120,8 +120,7 @@ private slots:
         // Just over the pixel limit, under Qt's own limit on memory: all its rows are there, and
         // a decode would take half a gigabyte.
         writeBytes(path("huge.png"), blackPng({10240, 10000}));
-        QFile::copy(photo, path("damaged.png"));
-        QFile(path("damaged.png")).resize(QFileInfo(photo).size() / 2);  // only the header reads
+        writeBytes(path("damaged.png"), encoded(quarters(shot), "PNG").left(99));  // header only
         for (const char* name : {"huge.png", "damaged.png", "gone.png"}) add(name, path(name), {});
     }
     void sizesFramesAndDrawsEveryPictureUpright() {
