@@ -131,6 +131,8 @@ private slots:
                               "enormous|image/png|100000x100000", "it's|image/png|40x30",
                               "link|image/png|40x30", longName.chopped(4) + "|image/png|40x30",
                               "say \"cheese\"|image/png|40x30", "Tom & Jerry|image/png|40x30"}));
+        // The Latin-1 name is kept byte for byte, and shown with a replacement character.
+        QCOMPARE(catalogue.Cell(11, 1), latin1);
         QCOMPARE(catalogue.data(catalogue.index(11, 1), Qt::DisplayRole), "caf\uFFFD.png");
 
         const PeakMemory memory;

@@ -8,8 +8,7 @@
 QImage photoLike(QSize size, quint32 seed);
 
 // Counts the paints of the widgets it is installed on.
-class PaintCounter : public QObject {
-public:
+struct PaintCounter : QObject {
     int paints = 0;
     bool eventFilter(QObject*, QEvent* event) override {
         paints += event->type() == QEvent::Paint;

@@ -16,14 +16,12 @@
 #include "support/photolike.h"
 
 namespace {
-
 qint64 statusKilobytes(const char* field) {
     QFile status(QStringLiteral("/proc/self/status"));
     const QByteArray fields = status.open(QIODevice::ReadOnly) ? status.readAll() : QByteArray();
     const qsizetype at = fields.indexOf(field);
     return at < 0 ? 0 : std::atoll(fields.constData() + at + qstrlen(field));  // "  1234 kB"
 }
-
 }  // namespace
 
 QByteArray encoded(const QImage& image, const char* format, int quality) {
