@@ -19,6 +19,7 @@
 
 #include "app/app.h"
 #include "mainwindow/windowmain.h"
+#include "median.h"
 #include "support/dropfiles.h"
 #include "support/photolike.h"
 #include "support/testpictures.h"

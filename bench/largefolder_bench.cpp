@@ -19,6 +19,7 @@
 #include <map>
 
 #include "mainwindow/windowmain.h"
+#include "median.h"
 #include "support/dropfiles.h"
 #include "support/pagebytes.h"
 #include "support/photolike.h"

@@ -17,6 +17,7 @@
 
 #include "app/app.h"
 #include "mainwindow/windowmain.h"
+#include "median.h"
 #include "preview/imagecanvas.h"
 #include "support/photolike.h"
 #include "support/testpictures.h"

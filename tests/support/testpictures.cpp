@@ -1,60 +1,27 @@
 #include "support/testpictures.h"
 
-#include <fcntl.h>
 #include <zlib.h>
 
 #include <QBuffer>
-#include <QDataStream>
 #include <QFile>
 #include <QPainter>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtEndian>
+#include <cstdio>
 
 #include "platform/nativename.h"
 #include "support/photolike.h"
 
 namespace {
-
-QByteArray pngChunk(const char* type, const QByteArray& data) {
-    const QByteArray body = type + data;
-    QByteArray chunk;
-    QDataStream out(&chunk, QIODevice::WriteOnly);
-    out << quint32(data.size());
-    out.writeRawData(body.constData(), body.size());
-    out << quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), body.size()));
-    return chunk;
-}
-
-// A zlib stream of `count` zero bytes in one block of fixed codes: a literal zero, then copies of
-// 258 bytes from one byte back.
-QByteArray zlibZeros(qint64 count) {
-    QByteArray out("\x78\x01", 2);
-    quint32 bits = 0;
-    int held = 0;
-    const auto put = [&](quint32 code, int width) {  // codes go in from their highest bit
-        for (int bit = width - 1; bit >= 0; --bit) bits |= ((code >> bit) & 1) << held++;
-        for (; held >= 8; held -= 8, bits >>= 8) out += char(bits & 0xFF);
-    };
-    put(0b110, 3);  // the last block, fixed codes
-    qint64 left = count;
-    for (put(0x30, 8), --left; left >= 258; left -= 258) put(0xC5 << 5, 13);
-    for (; left > 0; --left) put(0x30, 8);
-    put(0, 7 + 7);  // the end of the block, then up to the next byte
-    QDataStream(&out, QIODevice::Append) << quint32(count % 65521 << 16 | 1);
-    return out;
-}
-
-qint64 statusKilobytes(const QByteArray& field) {
+qint64 statusKilobytes(const char* field) {
     QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly)) return 0;
-    for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine())
-        if (line.startsWith(field))
-            return line.mid(field.size()).trimmed().split(' ')[0].toLongLong();
-    return 0;
+    const QByteArray fields = status.open(QIODevice::ReadOnly) ? status.readAll() : QByteArray();
+    const qsizetype at = fields.indexOf(field);
+    return at < 0 ? 0 : std::atoll(fields.constData() + at + qstrlen(field));  // "  1234 kB"
 }
-
 }  // namespace
 
 QByteArray encoded(const QImage& image, const char* format, int quality) {
@@ -65,12 +32,11 @@ QByteArray encoded(const QImage& image, const char* format, int quality) {
 }
 
 void writeBytes(const QString& path, const QByteArray& bytes) {
-    const int fd =
-        ::open(nativeName::toBytes(path).constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    QFile file;
-    QVERIFY2(fd >= 0 && file.open(fd, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle),
+    std::FILE* file = std::fopen(nativeName::toBytes(path).constData(), "wb");
+    QVERIFY2(file &&
+                 std::fwrite(bytes.constData(), 1, bytes.size(), file) == size_t(bytes.size()) &&
+                 std::fclose(file) == 0,
              qPrintable(path));
-    QVERIFY(file.write(bytes) == bytes.size());
 }
 
 QByteArray jpegWithOrientation(const QImage& image, int orientation) {
@@ -88,25 +54,28 @@ bool writeAvif(const QImage& image, const QString& path, const QStringList& opti
     return encoder.waitForFinished() && encoder.exitCode() == 0;
 }
 
-QByteArray blackPng(QSize size, int rows) {
-    QByteArray header;
-    QDataStream(&header, QIODevice::WriteOnly)
-        << quint32(size.width()) << quint32(size.height()) << quint8(8) << quint8(0) << quint8(0)
-        << quint8(0) << quint8(0);
-    const qint64 bytes = qint64{rows < 0 ? size.height() : rows} * (1 + size.width());
-    return QByteArray("\x89PNG\r\n\x1a\n", 8) + pngChunk("IHDR", header) +
-           pngChunk("IDAT", zlibZeros(bytes)) + pngChunk("IEND", {});
+QByteArray blackPng(QSize size, QSize declared) {
+    QImage black(size, QImage::Format_Grayscale8);
+    black.fill(0);
+    QByteArray png = encoded(black, "PNG");
+    if (declared.isEmpty()) return png;
+    // The header's width and height, then its checksum over its type and fields.
+    qToBigEndian<quint32>(declared.width(), png.data() + 16);
+    qToBigEndian<quint32>(declared.height(), png.data() + 20);
+    const auto* header = reinterpret_cast<const Bytef*>(png.constData() + 12);
+    qToBigEndian<quint32>(crc32(0, header, 17), png.data() + 29);
+    return png;
 }
 
 PeakMemory::PeakMemory() {
     // Writing 5 here sets the peak back to what is resident now (Linux).
     QFile peak(QStringLiteral("/proc/self/clear_refs"));
     if (peak.open(QIODevice::WriteOnly)) peak.write("5");
-    start_ = statusKilobytes("VmRSS:");
+    start = statusKilobytes("VmRSS:");
 }
 
 double PeakMemory::megabytes() const {
-    return (statusKilobytes("VmHWM:") - start_) / 1024.0;
+    return (statusKilobytes("VmHWM:") - start) / 1024.0;
 }
 
 QImage photoLike(QSize size, quint32 seed) {
@@ -132,9 +101,4 @@ QImage photoLike(QSize size, quint32 seed) {
         i % 2 ? painter.drawEllipse(shape) : painter.drawRect(shape);
     }
     return image;
-}
-
-double median(QList<double> values) {
-    std::sort(values.begin(), values.end());
-    return values.isEmpty() ? 0.0 : values[values.size() / 2];
 }

@@ -16,17 +16,13 @@ QByteArray jpegWithOrientation(const QImage& image, int orientation);
 // Writes `image` to `path` as AVIF with libavif's own encoder, given `options`.
 bool writeAvif(const QImage& image, const QString& path, const QStringList& options = {});
 
-// A valid PNG of `size` black grey pixels, written without an encoder: the rows of 60000 x 60000
-// pixels take 3.6 gigabytes, the file 23 megabytes. With `rows` set, the pixels end after that
-// many rows, long before the header says.
-QByteArray blackPng(QSize size, int rows = -1);
+// A PNG of `size` black grey pixels, one byte each. With `declared` set, its header says that
+// size instead, and the rows end long before it.
+QByteArray blackPng(QSize size, QSize declared = {});
 
 // The growth of this process's resident memory at its highest since the object was made, in MB.
-class PeakMemory {
-public:
+struct PeakMemory {
     PeakMemory();
     double megabytes() const;
-
-private:
-    qint64 start_;
+    qint64 start = 0;  // resident kilobytes
 };
