@@ -21,7 +21,6 @@
 #include "mainwindow/windowmain.h"
 #include "median.h"
 #include "support/dropfiles.h"
-#include "support/photolike.h"
 #include "support/testpictures.h"
 
 namespace {

@@ -22,8 +22,8 @@
 #include "median.h"
 #include "support/dropfiles.h"
 #include "support/pagebytes.h"
-#include "support/photolike.h"
 #include "support/testenvironment.h"
+#include "support/testpictures.h"
 
 namespace {
 

@@ -19,7 +19,6 @@
 #include "mainwindow/windowmain.h"
 #include "median.h"
 #include "preview/imagecanvas.h"
-#include "support/photolike.h"
 #include "support/testpictures.h"
 
 namespace {

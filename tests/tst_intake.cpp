@@ -9,7 +9,6 @@
 #include "platform/nativename.h"
 #include "platform/sharedwindow.h"
 #include "support/dropfiles.h"
-#include "support/photolike.h"
 #include "support/testenvironment.h"
 #include "support/testpictures.h"
 
@@ -148,6 +147,18 @@ private slots:
         // The enormous picture was never decoded at its full size.
         QVERIFY(memory.megabytes() < 256);
         QVERIFY(TestEnvironment::dialogs().messages.isEmpty());
+    }
+
+    // No length limit cuts a caption or a title: these are three times a text field's usual one.
+    void titlesAndCaptionsKeepEveryCharacter() {
+        const QString longText(100000, u'x');
+        for (const char* field :
+             {"imgCaption", "galleryHTMLtitle", "galleryTitle", "gallerySubTitle"})
+            window.findChild<QLineEdit*>(field)->setText(longText);
+        const GallerySettings settings = window.gallerySettings();
+        QCOMPARE(catalogue.Cell(catalogue.ListIndex(), CatalogueRow::kCaptionCell) +
+                     settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
+                 longText.repeated(4));
     }
 
     // Qt's own removal cannot reach a name that is not UTF-8.

@@ -6,7 +6,6 @@
 #include "mainwindow/windowmain.h"
 #include "resources/namedpictures.h"
 #include "support/dropfiles.h"
-#include "support/photolike.h"
 #include "support/testenvironment.h"
 #include "support/testpictures.h"
 

@@ -11,7 +11,6 @@
 #include "platform/specialfolders.h"
 #include "preferences/windowpreferences.h"
 #include "preview/imagecanvas.h"
-#include "support/photolike.h"
 #include "support/testenvironment.h"
 #include "support/testpictures.h"
 

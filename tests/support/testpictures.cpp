@@ -13,7 +13,6 @@
 #include <cstdio>
 
 #include "platform/nativename.h"
-#include "support/photolike.h"
 
 namespace {
 qint64 statusKilobytes(const char* field) {

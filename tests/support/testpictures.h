@@ -1,7 +1,13 @@
 #pragma once
 
+#include <QEvent>
 #include <QImage>
+#include <QObject>
 #include <QStringList>
+
+// A picture with noise over gradients and shapes, so that an encoder and a decoder have real
+// detail to deal with, as in a photo. The same seed gives the same picture.
+QImage photoLike(QSize size, quint32 seed);
 
 // `image` in `format` (as Qt names it), at `quality` where the format has one.
 QByteArray encoded(const QImage& image, const char* format, int quality = -1);
@@ -25,4 +31,13 @@ struct PeakMemory {
     PeakMemory();
     double megabytes() const;
     qint64 start = 0;  // resident kilobytes
+};
+
+// Counts the paints of the widgets it is installed on.
+struct PaintCounter : QObject {
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
 };
