@@ -1,9 +1,10 @@
 #include "app/app.h"
 #include "app/commandline.h"
+#include "platform/nativename.h"
 
 int main(int argc, char** argv) {
     App app(argc, argv);
-    const CommandLine commandLine = readCommandLine(App::arguments());
+    const CommandLine commandLine = readCommandLine(nativeName::fromArguments(argc, argv));
     if (commandLine.exitCode) return *commandLine.exitCode;
     app.start();
     if (!commandLine.folder.isEmpty()) app.openFolder(commandLine.folder);

@@ -1,8 +1,10 @@
 #include <QEnterEvent>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 
 #include "auxwindows/owner.h"
 #include "auxwindows/progresswheel.h"
@@ -200,6 +202,20 @@ private slots:
         }
         QVERIFY2(labels > 30, qPrintable(QString::number(labels)));
         QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(", ")));
+    }
+
+    // A message shows a file's name as it is, markup and all, and wraps a long one in its box.
+    void aMessageShowsANameAsItIsAndWrapsIt() {
+        platform::installDialogs(nullptr);
+        QMessageBox* shown = nullptr;
+        QTimer::singleShot(0, [&] {
+            shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QVERIFY(shown && shown->textFormat() == Qt::PlainText && shown->width() < 800);
+            shown->accept();
+        });
+        MsgBox("<font color=red size=7>Pay.html" + QString(300, 'x') + "\rFile name too long");
+        platform::installDialogs(&TestEnvironment::dialogs());
+        QVERIFY(shown);
     }
 };
 

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QComboBox>
@@ -7,6 +9,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QTimer>
+#include <filesystem>
 #include <iostream>
 #include <sstream>
 
@@ -15,12 +18,14 @@
 #include "mainwindow/catalogueview.h"
 #include "mainwindow/mainmenubar.h"
 #include "mainwindow/windowmain.h"
+#include "platform/nativename.h"
 #include "platform/sharedwindow.h"
 #include "platform/specialfolders.h"
 #include "preferences/windowpreferences.h"
 #include "support/dropfiles.h"
 #include "support/pagebytes.h"
 #include "support/testenvironment.h"
+#include "support/testpictures.h"
 
 namespace {
 const QString kAsked = QStringLiteral(
@@ -28,6 +33,7 @@ const QString kAsked = QStringLiteral(
     "settings?");
 const QStringList kRestored = {"d.png|Dunes", "a.png|Start & <end>", "b.png|", "c.jpg|x"};
 const QStringList kPlain = {"a.png|", "b.png|", "c.jpg|", "d.png|"};
+const QString kLatin1 = nativeName::fromBytes("caf\xe9");  // a folder's name that is not UTF-8
 
 void writeFile(const QString& path, const QByteArray& bytes, int secondsAgo = 0) {
     QFile file(path);
@@ -98,8 +104,10 @@ class MainWindowTest : public QObject {
         if (road == "drop") dropOn(window, {QUrl::fromLocalFile(dir.filePath(item))});
         if (road == "Ctrl+O") dialogs.folders.enqueue(dir.filePath(item));
         if (road == "Ctrl+O") QTest::keyClick(window, Qt::Key_O, Qt::ControlModifier);
+        QByteArray program = "velmora", argument = nativeName::toBytes(item);
+        char* argv[] = {program.data(), argument.data()};
         if (road == "argument")
-            App::instance()->openFolder(readCommandLine({"velmora", item}).folder);
+            App::instance()->openFolder(readCommandLine(nativeName::fromArguments(2, argv)).folder);
         if (road == "event") QCoreApplication::sendEvent(App::instance(), &open);
         QCoreApplication::processEvents();
         // The offscreen platform leaves no window active once the progress window has hidden.
@@ -144,6 +152,9 @@ private slots:
         writeImages(trip, {"b.png", "a.png", "c.jpg", "d.png"});
         writeImages(dir.filePath("Foreign"), {"z.png"});
         writeFile(dir.filePath("Foreign/index.html"), "<html><div id='simpleCarousel'></html>");
+        QVERIFY(::mkdir(nativeName::toBytes(dir.filePath(kLatin1)).constData(), 0700) == 0);
+        writeBytes(dir.filePath(kLatin1 + "/z.png"),
+                   encoded(QImage(4, 3, QImage::Format_RGB32), "PNG"));
         hand("drop", "Trip");
         catalogue->moveRowsTo({3}, 0);
         for (const auto& [row, caption] : {std::pair{0, "Dunes"}, {1, "Start & <end>"}, {3, "x"}})
@@ -153,6 +164,10 @@ private slots:
         control<QAbstractButton>("CheckBoxFullScreen")->setChecked(false);
         written = savedTrip();
         QVERIFY(QDir::setCurrent(dir.path()));  // where relative arguments start from
+    }
+    // Qt cannot reach a name that is not UTF-8 to remove it.
+    void cleanupTestCase() {
+        std::filesystem::remove_all(nativeName::toBytes(dir.filePath(kLatin1)).toStdString());
     }
     void init() {
         window->activateWindow();
@@ -359,6 +374,7 @@ private slots:
             {"argument", "Trip", kAnswerYes, kRestored},
             {"argument", "Trip/", kAnswerNo, kPlain},
             {"argument", "gone", 0, {}},
+            {"argument", kLatin1, 0, z},
             {"event", "Trip", kAnswerNo, kPlain},
             {"event", "Trip/a.png", 0, {}},
             {"Ctrl+O", "Trip", kAnswerYes, kRestored},
@@ -390,13 +406,14 @@ private slots:
     // Of several pages the newest of ours counts; gone images are named, new ones follow.
     void imagesGoneAndAddedSinceTheNewestPage() {
         const QString later = dir.filePath("Later");
-        writeImages(later, {"e.png", "c.jpg", "0.png", "b.png"});
+        writeImages(later, {"e.png", "c.jpg", "0.png", "b.png", "cafe\u0301.png"});
         // The caption colour is none of the popups'; the page holds no folder or file name.
         GalleryPage page{
             {later + "/", "trip.html", "Tom & Jerry's", "<b>", "x", "Navy", "Gold", "#f00"}, {}};
         for (int i = 1; i <= 12; ++i) page.slides.append({QString("gone %1.jpg").arg(i), "old"});
         page.slides.insert(3, {"b.png", ""});
         page.slides.insert(3, {"c.jpg", "Cliffs"});
+        page.slides.insert(5, {"caf\u00e9.png", "Terrace"});  // composed, the file decomposed
         writeFile(later + "/trip.html", pageBytes(page), 30);
         GalleryPage older = page;
         older.settings.galleryTitle = "An older page";
@@ -404,7 +421,8 @@ private slots:
         dialogs.answers.enqueue(kAnswerYes);
         hand("drop", "Later");
         QCOMPARE(dialogs.questions.first().text, kAsked);
-        QCOMPARE(rows(), QStringList({"c.jpg|Cliffs", "b.png|", "0.png|", "e.png|"}));
+        QCOMPARE(rows(), QStringList({"c.jpg|Cliffs", "b.png|", "cafe\u0301.png|Terrace", "0.png|",
+                                      "e.png|"}));
         page.settings.captionColor = "White";  // left as it was
         QVERIFY(window->gallerySettings() == page.settings);
         QStringList told = {"12 images of the page are no longer in the folder."};

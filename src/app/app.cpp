@@ -16,6 +16,7 @@
 #include "mainwindow/windowmain.h"
 #include "page/gallerywriter.h"
 #include "platform/dialogs.h"
+#include "platform/nativename.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
 #include "resources/namedpictures.h"
@@ -66,14 +67,16 @@ void App::start() {
 }
 
 void App::openFolder(const QString& path) {
-    if (!QFileInfo(path).isDir()) {
-        std::cerr << "velmora: cannot open \"" << path.toLocal8Bit().constData()
+    if (!nativeName::isFolder(path)) {
+        std::cerr << "velmora: cannot open \"" << nativeName::toBytes(path).constData()
                   << "\": not an existing folder" << std::endl;
         return;
     }
     // Queued, so that the window is up before the walk, as it is for a drop. The page is written
-    // into the gallery folder, so it must not depend on the working folder.
-    QTimer::singleShot(0, this, [this, folder = QDir(path).absolutePath()] {
+    // into the gallery folder, so it must not depend on the working folder. Made absolute as text,
+    // since QDir would lose the bytes of a name that is not UTF-8.
+    const QString folder = QDir::cleanPath(QDir::current().absoluteFilePath(path));
+    QTimer::singleShot(0, this, [this, folder] {
         if (windowMain_) windowMain_->takeFolder(folder);
     });
 }

@@ -3,11 +3,19 @@
 #include <QHash>
 #include <vector>
 
+namespace {
+// Names that are canonically equivalent are one name: a copy through another system or an archive
+// may store "café" composed or decomposed, and the page names it as it was when written.
+QString comparable(const QString& name) {
+    return name.normalized(QString::NormalizationForm_C);
+}
+}  // namespace
+
 QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& slides) {
     const int count = catalogue.ListCount();
     QHash<QString, int> rowOfName;
     rowOfName.reserve(count);
-    for (int row = 0; row < count; ++row) rowOfName.insert(catalogue.Cell(row, 1), row);
+    for (int row = 0; row < count; ++row) rowOfName.insert(comparable(catalogue.Cell(row, 1)), row);
 
     QList<int> order;
     order.reserve(count);
@@ -15,7 +23,7 @@ QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& sli
     std::vector<bool> placed(static_cast<std::size_t>(count));
     QStringList missing;
     for (const PageSlide& slide : slides) {
-        const auto found = rowOfName.constFind(slide.fileName);
+        const auto found = rowOfName.constFind(comparable(slide.fileName));
         if (found == rowOfName.cend()) {
             missing << slide.fileName;
         } else if (!placed[*found]) {

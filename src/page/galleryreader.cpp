@@ -28,7 +28,7 @@ std::optional<QStringView> between(QStringView line, QStringView start, QStringV
 // A title or caption for a one-line field. A line break that a character reference brings in
 // (a page edited by hand) becomes a blank: written again as it is, it would split the line.
 QString fieldText(QStringView html) {
-    QString text = pageText::unescaped(html.toString());
+    QString text = pageText::unescaped(html);
     for (QChar& c : text)
         if (c == u'\n' || c == u'\r') c = u' ';
     return text;

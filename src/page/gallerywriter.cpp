@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStorageInfo>
 
 #include "page/htmlwindow.h"
@@ -11,6 +10,7 @@
 #include "page/pagetext.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
+#include "platform/replacefile.h"
 #include "platform/text.h"
 
 namespace {
@@ -122,7 +122,8 @@ namespace {
 
 // Why a write failed, in the user's words: the cause is looked for after the failure, since a
 // failed write does not always say (a full disk may report "Unknown error", or nothing at all).
-QString whyNotWritten(const GallerySettings& settings, const QFileDevice& file, qint64 pageSize) {
+QString whyNotWritten(const GallerySettings& settings, const ReplaceOutcome& outcome,
+                      qint64 pageSize) {
     const QString folder = QDir::cleanPath(settings.galleryPath);
     const QFileInfo place(folder);
     QString cause;
@@ -135,69 +136,43 @@ QString whyNotWritten(const GallerySettings& settings, const QFileDevice& file, 
     else if (!place.isWritable())
         cause = QStringLiteral("The folder is read-only.");
     // Bytes that went missing without an error are a full disk's doing as well.
-    else if (file.error() == QFileDevice::NoError || file.error() == QFileDevice::ResourceError ||
+    else if (outcome.error == QFileDevice::NoError || outcome.error == QFileDevice::ResourceError ||
              QStorageInfo(folder).bytesAvailable() < pageSize)
         cause = QStringLiteral("The disk is full.");
     else
-        cause = QStringLiteral("The system could not write the file: ") + file.errorString();
+        cause = QStringLiteral("The system could not write the file: ") + outcome.errorString;
     return cause + text::Chr(13) + galleryPagePath(settings);
 }
 
 }  // namespace
 
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
-                                const QList<CatalogueRow>& rows, const PageFileFactory& makeFile,
+                                const QList<CatalogueRow>& rows, const FileFactory& makeFile,
                                 const ReplaceQuestion& mayReplace) {
     PageWriteResult result;
     result.path = galleryPagePath(settings);
-    const PageTarget target = examinePageTarget(settings, rows);
+    PageTarget target = examinePageTarget(settings, rows);
+    if (target.kind == PageTarget::Kind::OtherPage) {
+        if (!(mayReplace && mayReplace(settings.galleryFileName))) return result;
+        // Anything may have taken the page's place while the user was asked.
+        target = examinePageTarget(settings, rows);
+    }
     if (target.kind == PageTarget::Kind::Refused) {
         result.error = target.refusal;
         return result;
     }
-    if (target.kind == PageTarget::Kind::OtherPage &&
-        !(mayReplace && mayReplace(settings.galleryFileName)))
-        return result;
 
     QBuffer page;
     page.open(QIODevice::WriteOnly);
     writeGalleryPage(page, settings, countText, rows);
-    const QByteArray& bytes = page.data();
-
-    // The new page goes to a file of its own beside the target and replaces it in one step, so
-    // that a failure leaves any earlier page as it was and no partial file behind.
-    const std::unique_ptr<QSaveFile> file =
-        makeFile ? makeFile(result.path) : std::make_unique<QSaveFile>(result.path);
-    // Unbuffered, so that a write that fails says why at once, not as an "Unknown error" of a
-    // later flush.
-    if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        result.error = whyNotWritten(settings, *file, bytes.size());
-        return result;
-    }
-    // A write may take only a part of the bytes; the next one then fails and says why.
-    qint64 put = 0;
-    while (put < bytes.size()) {
-        const qint64 taken = file->write(bytes.constData() + put, bytes.size() - put);
-        if (taken <= 0) break;
-        put += taken;
-    }
-    // Some full disks report success for bytes that never arrive, so the size on disk is
-    // checked before the new page replaces the old one.
-    if (put != bytes.size() || !file->flush() || file->size() != bytes.size()) {
-        result.error = whyNotWritten(settings, *file, bytes.size());
-        file->cancelWriting();
-        return result;
-    }
-    if (!file->commit()) {
-        result.error = whyNotWritten(settings, *file, bytes.size());
-        return result;
-    }
-    result.ok = true;
+    const ReplaceOutcome outcome = replaceFile(result.path, page.data(), makeFile);
+    result.ok = outcome.ok;
+    if (!outcome.ok) result.error = whyNotWritten(settings, outcome, page.data().size());
     return result;
 }
 
 void publishGalleryPage(const GallerySettings& settings, const QString& countText,
-                        const QList<CatalogueRow>& rows, const PageFileFactory& makeFile) {
+                        const QList<CatalogueRow>& rows, const FileFactory& makeFile) {
     const auto mayReplace = [](const QString& name) {
         return MsgBox(name + " already exists and was not written by Velmora. Replace it?", 36,
                       QString()) == kAnswerYes;

@@ -3,13 +3,12 @@
 #include <QList>
 #include <QString>
 #include <functional>
-#include <memory>
 
 #include "catalogue/cataloguerow.h"
 #include "page/gallerysettings.h"
+#include "platform/replacefile.h"
 
 class QIODevice;
-class QSaveFile;
 
 // Writes the gallery page for `rows` to `device` as UTF-8 with LF line ends. The number of
 // slides is the leading number of `countText`, as the list's count label shows it. Titles and
@@ -29,20 +28,17 @@ struct PageWriteResult {
     QString error;
 };
 
-// Makes the file object the page is written through; empty means a plain QSaveFile. Tests hand in
-// one whose writes fail on purpose.
-using PageFileFactory = std::function<std::unique_ptr<QSaveFile>(const QString& path)>;
 // Asked before someone else's web page of that name is replaced; no question means no.
 using ReplaceQuestion = std::function<bool(const QString& fileName)>;
 
-// Writes the page file where examinePageTarget allows it, atomically: on any failure an earlier
-// page of that name stays as it was and no partial file remains.
+// Writes the page file where examinePageTarget allows it, checked again after any question, and
+// atomically (see replaceFile): on any failure an earlier page of that name stays as it was and no
+// partial file remains.
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
-                                const QList<CatalogueRow>& rows,
-                                const PageFileFactory& makeFile = {},
+                                const QList<CatalogueRow>& rows, const FileFactory& makeFile = {},
                                 const ReplaceQuestion& mayReplace = {});
 
 // Saves the page and opens it in the default application, after asking before another's page is
 // replaced, or tells the user why it could not be written.
 void publishGalleryPage(const GallerySettings& settings, const QString& countText,
-                        const QList<CatalogueRow>& rows, const PageFileFactory& makeFile = {});
+                        const QList<CatalogueRow>& rows, const FileFactory& makeFile = {});

@@ -3,12 +3,16 @@
 #include <QByteArray>
 #include <QChar>
 #include <QList>
+#include <algorithm>
 #include <string_view>
 
 #include "platform/nativename.h"
 
 namespace pageText {
 namespace {
+
+// The longest name of a character reference that the reader looks at ("#x10FFFF" and the like).
+constexpr qsizetype kLongestName = 9;
 
 // Characters that end or change the meaning of an address inside a quoted attribute: the quotes
 // and the character references themselves, a fragment or query start, an escape, a scheme's colon
@@ -24,6 +28,16 @@ char32_t numericReference(QStringView digits) {
     const bool hex = digits.startsWith(u'x') || digits.startsWith(u'X');
     const uint value = (hex ? digits.mid(1) : digits).toUInt(&ok, hex ? 16 : 10);
     return ok && value > 0 && value <= 0x10FFFF && (value < 0xD800 || value > 0xDFFF) ? value : 0;
+}
+
+// The character a reference of that name stands for, or 0 when it names none.
+char32_t referencedCharacter(QStringView name) {
+    if (name == u"amp") return '&';
+    if (name == u"lt") return '<';
+    if (name == u"gt") return '>';
+    if (name == u"quot") return '"';
+    if (name == u"apos") return '\'';
+    return name.startsWith(u'#') ? numericReference(name.mid(1)) : 0;
 }
 
 }  // namespace
@@ -49,34 +63,30 @@ QString escaped(const QString& text) {
     return out;
 }
 
-QString unescaped(const QString& html) {
+QString unescaped(QStringView html) {
+    const QChar* const text = html.data();
+    const qsizetype size = html.size();
     QString out;
-    out.reserve(html.size());
-    for (qsizetype i = 0; i < html.size(); ++i) {
-        const qsizetype end = html[i] == u'&' ? html.indexOf(u';', i + 1) : -1;
-        if (end > i + 1 && end - i <= 10) {
-            const QStringView name = QStringView(html).sliced(i + 1, end - i - 1);
-            char32_t c = 0;
-            if (name == u"amp")
-                c = '&';
-            else if (name == u"lt")
-                c = '<';
-            else if (name == u"gt")
-                c = '>';
-            else if (name == u"quot")
-                c = '"';
-            else if (name == u"apos")
-                c = '\'';
-            else if (name.startsWith(u'#'))
-                c = numericReference(name.mid(1));
-            if (c != 0) {
-                out += QString::fromUcs4(&c, 1);
-                i = end;
-                continue;
-            }
-        }
-        out += html[i];
+    out.reserve(size);
+    qsizetype copied = 0;  // the text before this is in `out`
+    qsizetype clear = 0;   // no ';' stands between the last '&' and this
+    for (qsizetype at = 0; at < size; ++at) {
+        if (text[at] != u'&') continue;
+        // A reference's name is short, and no character is looked at twice: a long run of '&'
+        // reads in linear time.
+        const qsizetype last = std::min(size, at + 2 + kLongestName);
+        qsizetype end = std::max(at + 1, clear);
+        while (end < last && text[end] != u';') ++end;
+        clear = end;
+        if (end == last || end == at + 1) continue;
+        const char32_t c = referencedCharacter(html.sliced(at + 1, end - at - 1));
+        if (c == 0) continue;
+        out.append(text + copied, at - copied);
+        out.append(QStringView(QChar::fromUcs4(c)));
+        copied = end + 1;
+        at = end;
     }
+    out.append(text + copied, size - copied);
     return out;
 }
 

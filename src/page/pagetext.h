@@ -11,7 +11,7 @@ namespace pageText {
 QString escaped(const QString& text);
 // The text a browser shows for page content: character references (named ones for the characters
 // above and quotes, decimal and hexadecimal ones) become their characters again.
-QString unescaped(const QString& html);
+QString unescaped(QStringView html);
 
 // A file name as a relative address: every character a browser would not read back as the same
 // name is percent-encoded as UTF-8, and a byte the name keeps because it is not UTF-8 (see

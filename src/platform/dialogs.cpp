@@ -9,11 +9,33 @@
 
 namespace {
 
-// Messages break their lines with carriage returns; Qt's labels break on line feeds.
-QString displayText(QString text) {
+// Past this many characters without a blank, a run (a path, a long file name) may wrap anywhere.
+constexpr qsizetype kLongestUnbrokenRun = 40;
+
+// Messages break their lines with carriage returns; Qt's labels break on line feeds. A label
+// wraps at blanks only, so long runs get invisible break opportunities: the box stays as wide as
+// a message box, not as the screen.
+QString displayText(const QString& message) {
+    QString text = message;
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return text;
+    QString wrapped;
+    wrapped.reserve(text.size());
+    qsizetype run = 0;
+    for (const QChar c : text) {
+        run = c.isSpace() ? 0 : run + 1;
+        if (run > kLongestUnbrokenRun && !c.isLowSurrogate()) {
+            wrapped += QChar(0x200B);  // zero width space
+            run = 1;
+        }
+        wrapped += c;
+    }
+    return wrapped;
+}
+
+// Names and typed texts stand in messages as they are: nothing in them is markup.
+void showAsPlainText(QMessageBox& box) {
+    box.setTextFormat(Qt::PlainText);
 }
 
 QWidget* dialogParent() {
@@ -27,6 +49,7 @@ Dialogs* installed = nullptr;
 void QtDialogs::message(const QString& text) {
     QMessageBox box(QMessageBox::NoIcon, QString(), displayText(text), QMessageBox::Ok,
                     dialogParent());
+    showAsPlainText(box);
     box.exec();
 }
 
@@ -49,6 +72,7 @@ int QtDialogs::ask(const QString& text, int buttons, const QString& title) {
             break;
     }
     QMessageBox box(icon, title, displayText(text), QMessageBox::NoButton, dialogParent());
+    showAsPlainText(box);
     if ((buttons & 0x0F) == 4) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(QMessageBox::Yes);

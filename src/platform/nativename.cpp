@@ -90,10 +90,28 @@ QString shown(const QString& name) {
     return text;
 }
 
+namespace {
+// The file type of what `path` names after following links; 0 when nothing is there.
+mode_t typeOf(const QString& path) {
+    struct stat status {};
+    return ::stat(toBytes(path).constData(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+}
+}  // namespace
+
 bool isFile(const QString& path) {
     if (!keepsBytes(path)) return QFileInfo(path).isFile();
-    struct stat status {};
-    return ::stat(toBytes(path).constData(), &status) == 0 && S_ISREG(status.st_mode);
+    return typeOf(path) == S_IFREG;
+}
+
+bool isFolder(const QString& path) {
+    if (!keepsBytes(path)) return QFileInfo(path).isDir();
+    return typeOf(path) == S_IFDIR;
+}
+
+QStringList fromArguments(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments << fromBytes(QByteArray(argv[i]));
+    return arguments;
 }
 
 bool openForReading(QFile& file, const QString& path) {

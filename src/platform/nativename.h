@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 class QFile;
 
@@ -19,8 +20,11 @@ bool keepsBytes(const QString& name);
 // The text to show a person: every kept byte appears as the replacement character.
 QString shown(const QString& name);
 
-// Whether `path` names a regular file, after following links.
+// Whether `path` names a regular file, or a folder, after following links.
 bool isFile(const QString& path);
+bool isFolder(const QString& path);
+// The program's arguments, each taken as the system's file name, whatever its bytes.
+QStringList fromArguments(int argc, char** argv);
 // Opens `path` for reading in `file`, by its bytes where it keeps any.
 bool openForReading(QFile& file, const QString& path);
 

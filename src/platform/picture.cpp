@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/exiforientation.h"
 #include "platform/nativename.h"
 #include "platform/stillwebphandler.h"
 
@@ -89,8 +90,17 @@ std::shared_ptr<Picture> Picture::open(const QString& path) {
     if (!reader.canRead()) return nullptr;
     const QSize size = reader.size();
     if (!size.isValid() || size.isEmpty()) return nullptr;
-    // The orientation comes from the header that was just read for the size.
-    return std::shared_ptr<Picture>(new Picture(path, size, reader.transformation()));
+    // The orientation comes from the header that was just read for the size; a PNG's, which
+    // Qt's reader leaves alone, from its eXIf chunk.
+    QImageIOHandler::Transformations orientation = reader.transformation();
+    if (reader.format() == "png" && reader.device())
+        orientation = exifOrientation::ofPng(*reader.device());
+    return std::shared_ptr<Picture>(new Picture(path, reader.format(), size, orientation));
+}
+
+bool Picture::tooLargeToDecode(QSize target) const {
+    return decodedPixels(format_, stored_, turned() ? target.transposed() : target) >
+           kMaxDecodedPixels;
 }
 
 int Picture::decodeCount() {
@@ -113,11 +123,13 @@ QImage Picture::decode(QSize target, QRect part) const {
     preferScaledDecoding(reader);
     reader.setAutoTransform(true);
     // The reader scales the picture as stored and turns it upright afterwards.
+    if (tooLargeToDecode(wanted)) return {};
     const QSize storedWanted = turned() ? wanted.transposed() : wanted;
-    if (decodedPixels(reader.format(), stored_, storedWanted) > kMaxDecodedPixels) return {};
     if (storedWanted != stored_) reader.setScaledSize(storedWanted);
     QImage image = reader.read();
     if (image.isNull()) return image;
+    if (reader.transformation() == QImageIOHandler::TransformationNone)
+        image = exifOrientation::applied(std::move(image), orientation_);
     if (image.size() != wanted)
         image = scaleReady(std::move(image))
                     .scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -29,18 +29,25 @@ public:
     // A null image when the file can no longer be decoded, or when the decode would produce more
     // than 100 megapixels: such a picture is refused from its header, before any pixel is read.
     QImage decode(QSize target = {}, QRect part = {}) const;
+    // Whether decode() refuses `target` for the number of pixels it would take.
+    bool tooLargeToDecode(QSize target) const;
 
     // How many decodes have run in this process, so that callers can tell that a repaint
     // decoded nothing.
     static int decodeCount();
 
 private:
-    Picture(QString path, QSize stored, QImageIOHandler::Transformations orientation)
-        : path_(std::move(path)), stored_(stored), orientation_(orientation) {}
+    Picture(QString path, QByteArray format, QSize stored,
+            QImageIOHandler::Transformations orientation)
+        : path_(std::move(path)),
+          format_(std::move(format)),
+          stored_(stored),
+          orientation_(orientation) {}
 
     bool turned() const { return orientation_ & QImageIOHandler::TransformationRotate90; }
 
     QString path_;
+    QByteArray format_;
     // As the pixels lie in the file, before the orientation is applied.
     QSize stored_;
     QImageIOHandler::Transformations orientation_;

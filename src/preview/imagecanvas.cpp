@@ -38,12 +38,13 @@ void ImageCanvas::layOut() {
     QImage picture;
     QRectF at;
     const qreal ratio = devicePixelRatioF();
+    QSize device;
     if (app->op) {
         geometry = previewGeometry(app->op->size(), controls_.RadioButtonWidth->isChecked(),
                                    text::Val(controls_.resizedWidth->text()), app->frameWidth);
         // Even with no room left inside the frame, a file that cannot be decoded is no picture.
         const QRect inner = geometry.inner.isEmpty() ? QRect(0, 0, 1, 1) : geometry.inner;
-        const QSize device = (QSizeF(inner.size()) * ratio).toSize();
+        device = (QSizeF(inner.size()) * ratio).toSize();
         const qreal across = device.width() / qreal(inner.width());
         const qreal down = device.height() / qreal(inner.height());
         const QRectF seen =
@@ -60,6 +61,9 @@ void ImageCanvas::layOut() {
                         part.width() / across, part.height() / down);
     }
     if (picture.isNull()) {
+        // The placeholder then shows, and the info line says why.
+        if (app->op && app->op->tooLargeToDecode(device))
+            infotext::show(controls_.info, infotext::tooLarge(app->op->size()));
         app->op = nullptr;
         shown_.reset();  // the backdrop shows at the canvas's last size
         update();

@@ -18,6 +18,12 @@ QString ready() {
     return QStringLiteral("Ready to create the gallery!");
 }
 
+QString tooLarge(QSize size) {
+    return QStringLiteral("This image is too large to preview (%1 × %2 pixels).")
+        .arg(size.width())
+        .arg(size.height());
+}
+
 void show(QLabel* label, const QString& text) {
     label->setText(QString(text).replace(text::Chr(13), QStringLiteral("\n")));
     // The label has room for two rows: the first line must not wrap and push the second out.

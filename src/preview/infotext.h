@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 class QLabel;
@@ -11,6 +12,8 @@ namespace infotext {
 QString start();
 // While an image is on show.
 QString ready();
+// For an image of `size` pixels, larger than a preview may decode.
+QString tooLarge(QSize size);
 
 // Puts `text` into `label`. The program parts the lines of a message with Chr(13), and a QLabel
 // breaks lines at "\n" only, so the label holds each Chr(13) as "\n". Each line stays on one row:

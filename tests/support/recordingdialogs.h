@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QQueue>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 #include "platform/dialogs.h"
@@ -19,6 +20,7 @@ public:
     void message(const QString& text) override { messages.append(text); }
     int ask(const QString& text, int buttons, const QString& title) override {
         questions.append({text, buttons, title});
+        if (whileAsking) whileAsking();
         return answers.isEmpty() ? kAnswerNo : answers.dequeue();
     }
     void beep() override { ++beeps; }
@@ -29,9 +31,7 @@ public:
         colour = taken.value_or(colour);
         return taken.has_value();
     }
-    QString chooseFolder() override {
-        return folders.isEmpty() ? QString() : folders.dequeue();
-    }
+    QString chooseFolder() override { return folders.isEmpty() ? QString() : folders.dequeue(); }
     void clear() { *this = RecordingDialogs(); }
 
     QStringList messages;
@@ -40,6 +40,8 @@ public:
     QList<QColor> colourPickerStarts;
     QStringList colourPrompts;
 
+    // Done while a question is open, as a user or another program may.
+    std::function<void()> whileAsking;
     // Answers to questions in order; No when the queue is empty.
     QQueue<int> answers;
     // Colours the user takes in order; an empty entry, or an empty queue, cancels the picker.

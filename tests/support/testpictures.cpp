@@ -38,11 +38,30 @@ void writeBytes(const QString& path, const QByteArray& bytes) {
              qPrintable(path));
 }
 
+namespace {
+// A big-endian TIFF header and one entry: Orientation, a SHORT.
+QByteArray exifWithOrientation(int orientation) {
+    return QByteArray::fromHex("4d4d002a000000080001011200030000000100") + char(orientation) +
+           QByteArray(6, '\0');
+}
+}  // namespace
+
 QByteArray jpegWithOrientation(const QImage& image, int orientation) {
-    // APP1: "Exif", a big-endian TIFF header, and one entry: Orientation, a SHORT.
-    const QByteArray exif =
-        QByteArray::fromHex("ffe100224578696600004d4d002a000000080001011200030000000100");
-    return encoded(image, "JPEG", 95).insert(2, exif + char(orientation) + QByteArray(6, '\0'));
+    const QByteArray exif = "Exif" + QByteArray(2, '\0') + exifWithOrientation(orientation);
+    QByteArray app1 = QByteArray::fromHex("ffe10000") + exif;
+    qToBigEndian<quint16>(exif.size() + 2, app1.data() + 2);
+    return encoded(image, "JPEG", 95).insert(2, app1);
+}
+
+QByteArray pngWithOrientation(const QImage& image, int orientation) {
+    // An eXIf chunk after the header: its length, its type and data, their checksum.
+    const QByteArray typed = "eXIf" + exifWithOrientation(orientation);
+    QByteArray chunk(4, '\0');
+    qToBigEndian<quint32>(typed.size() - 4, chunk.data());
+    chunk += typed + QByteArray(4, '\0');
+    qToBigEndian<quint32>(crc32(0, reinterpret_cast<const Bytef*>(typed.constData()), typed.size()),
+                          chunk.data() + chunk.size() - 4);
+    return encoded(image, "PNG").insert(33, chunk);
 }
 
 bool writeAvif(const QImage& image, const QString& path, const QStringList& options) {

@@ -18,6 +18,8 @@ void writeBytes(const QString& path, const QByteArray& bytes);
 // `image` as a JPEG whose EXIF orientation tag (1 to 8) tells a viewer how to turn it upright, as
 // a phone stores a portrait shot.
 QByteArray jpegWithOrientation(const QImage& image, int orientation);
+// The same as a PNG with an eXIf chunk, which browsers honour as well.
+QByteArray pngWithOrientation(const QImage& image, int orientation);
 
 // Writes `image` to `path` as AVIF with libavif's own encoder, given `options`.
 bool writeAvif(const QImage& image, const QString& path, const QStringList& options = {});
