@@ -70,7 +70,8 @@ double rawRead(const QString& folder) {
 
 // Milliseconds for dropping `folder` on a fresh main window, through its drop events.
 double drop(const QString& folder, int expectedRows) {
-    WindowMain window;
+    Gallery gallery;
+    WindowMain window(gallery);
     window.Event_Open();
     window.show();
     QCoreApplication::processEvents();
@@ -78,8 +79,8 @@ double drop(const QString& folder, int expectedRows) {
     timer.start();
     dropOn(&window, {QUrl::fromLocalFile(folder)});
     const double elapsed = timer.nsecsElapsed() / 1e6;
-    if (window.catalogue().ListCount() != expectedRows)
-        std::printf("  (expected %d rows, got %d)\n", expectedRows, window.catalogue().ListCount());
+    if (gallery.images().ListCount() != expectedRows)
+        std::printf("  (expected %d rows, got %d)\n", expectedRows, gallery.images().ListCount());
     QCoreApplication::processEvents();  // the preview of the first row
     return elapsed;
 }

@@ -92,7 +92,7 @@ QList<double> runSteps(const QString& folder, int count) {
     App::instance()->start();
     WindowMain* window = App::instance()->windowMain();
     auto* list = window->findChild<QWidget*>("Listbox1");
-    ImageCatalogue& catalogue = window->catalogue();
+    ImageCatalogue& catalogue = App::instance()->gallery().images();
     QCoreApplication::processEvents();
     QList<double> times(StepCount);
 
@@ -150,7 +150,7 @@ double reopenDrop(const QString& folder, int count) {
         dropOn(window, {QUrl::fromLocalFile(folder)});
         QCoreApplication::processEvents();
     });
-    const ImageCatalogue& catalogue = window->catalogue();
+    const ImageCatalogue& catalogue = App::instance()->gallery().images();
     if (catalogue.ListCount() != count || catalogue.Cell(0, 7) != QStringLiteral("Caption 0"))
         std::printf("  (the page was not restored)\n");
     delete window;

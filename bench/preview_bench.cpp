@@ -36,7 +36,7 @@ struct Bench {
         window = App::instance()->windowMain();
         canvas = window->imageCanvas();
         canvas->installEventFilter(&counter);
-        window->older(folder);
+        App::instance()->gallery().addImagesOf(folder);
         settle();
     }
 
@@ -48,7 +48,7 @@ struct Bench {
 
     // Selecting the row of `file` in the list, until its paint has run; milliseconds.
     double select(const QString& file) {
-        ImageCatalogue& rows = window->catalogue();
+        ImageCatalogue& rows = App::instance()->gallery().images();
         int row = 0;
         while (rows.Cell(row, 1) != QFileInfo(file).fileName()) ++row;
         QElapsedTimer clock;

@@ -19,8 +19,9 @@ class IntakeTest : public QObject {
     Q_OBJECT
     QTemporaryDir dir;
     QString trip = dir.filePath("Trip"), more = dir.filePath("More"), odd = dir.filePath("Odd");
-    WindowMain window;
-    ImageCatalogue& catalogue = window.catalogue();
+    Gallery gallery;
+    WindowMain window{gallery};
+    ImageCatalogue& catalogue = gallery.images();
     QLineEdit* caption = window.findChild<QLineEdit*>("imgCaption");
     QLineEdit* galleryPath = window.findChild<QLineEdit*>("galleryPath");
     QLabel* imgCount = window.findChild<QLabel*>("imgCount");
@@ -155,7 +156,7 @@ private slots:
         for (const char* field :
              {"imgCaption", "galleryHTMLtitle", "galleryTitle", "gallerySubTitle"})
             window.findChild<QLineEdit*>(field)->setText(longText);
-        const GallerySettings settings = window.gallerySettings();
+        const GallerySettings settings = gallery.settings();
         QCOMPARE(catalogue.Cell(catalogue.ListIndex(), CatalogueRow::kCaptionCell) +
                      settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
                  longText.repeated(4));

@@ -57,7 +57,7 @@ private slots:
         }
         App::instance()->start();
         window = App::instance()->windowMain();
-        catalogue = &window->catalogue();
+        catalogue = &App::instance()->gallery().images();
     }
 
     void everyImageOfTheDroppedFolderGetsARow() {

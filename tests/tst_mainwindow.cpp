@@ -70,6 +70,7 @@ class MainWindowTest : public QObject {
     WindowMain* window = nullptr;
     ImageCatalogue* catalogue = nullptr;
     RecordingDialogs& dialogs = TestEnvironment::dialogs();
+    Gallery& gallery = App::instance()->gallery();
     MainMenuBar& menus = App::instance()->menuBar();
 
     template <class W = QWidget>
@@ -83,7 +84,7 @@ class MainWindowTest : public QObject {
             for (int cell : {1, 2}) catalogue->setCell(catalogue->LastIndex(), cell, letter);
             catalogue->setCell(catalogue->LastIndex(), 7, letter + QString("!"));
         }
-        window->updateTheList();
+        App::instance()->gallery().updateList();
     }
     static QString enabled(const QList<QAction*>& items) {
         QStringList texts;
@@ -135,13 +136,12 @@ private slots:
     void initTestCase() {
         // Before there is a main window, Save has nothing to write from.
         menus.Save->trigger();
-        App::instance()->saveAll();
         QCOMPARE(dialogs.beeps, 1);
         App::instance()->start();
         window = App::instance()->windowMain();
-        catalogue = &window->catalogue();
+        catalogue = &gallery.images();
         // Every start begins from the same settings.
-        const GallerySettings start = window->gallerySettings();
+        const GallerySettings start = gallery.settings();
         QCOMPARE(start.galleryFileName + start.bgColor + start.textColor + start.captionColor,
                  "index.htmlBlackWhiteWhite");
         QCOMPARE(start.galleryHTMLtitle,
@@ -190,7 +190,8 @@ private slots:
         QCOMPARE(window->windowTitle() + " / " + help->windowTitle(), "Velmora / Velmora - Help");
         help->close();
         App::instance()->openPrefs = "yes";
-        WindowMain other;
+        Gallery another;
+        WindowMain other(another);
         other.Event_Open();
         App::instance()->openPrefs.clear();
         QCOMPARE(existingInstance<WindowPreferences>()->parentWidget(), &other);
@@ -396,12 +397,27 @@ private slots:
                                        : error.isEmpty());
             if (expected.isEmpty()) continue;
             // The page goes to the folder wherever the program was started.
-            QVERIFY(QDir::isAbsolutePath(window->gallerySettings().galleryPath));
+            QVERIFY(QDir::isAbsolutePath(gallery.settings().galleryPath));
             if (expected != kRestored) continue;
             QCOMPARE(control<QLineEdit>("imgCaption")->text(), "Dunes");
-            QCOMPARE(window->gallerySettings().galleryFileName, "trip.html");
+            QCOMPARE(gallery.settings().galleryFileName, "trip.html");
             QCOMPARE(savedTrip(), written);
         }
+    }
+    // Another program's page is replaced only when the user agrees; a page not written says why.
+    void writingAsksBeforeReplacingAnotherPageAndTellsWhyNot() {
+        hand("drop", "Foreign");
+        dialogs.answers.enqueue(kAnswerNo);
+        menus.Save->trigger();
+        control<QLineEdit>("galleryFileName")->setText("../x.html");
+        menus.Save->trigger();
+        QCOMPARE(dialogs.questions.size(), 1);
+        QCOMPARE(QString::number(dialogs.questions[0].buttons) + " " + dialogs.questions[0].text,
+                 "36 index.html already exists and was not written by Velmora. Replace it?");
+        QCOMPARE(dialogs.messages.size(), 1);
+        QVERIFY(dialogs.messages[0].startsWith(
+            "The gallery page could not be written.\rThe page name must be a plain file name"));
+        QVERIFY(TestEnvironment::desktop().launched.isEmpty());
     }
     // Of several pages the newest of ours counts; gone images are named, new ones follow.
     void imagesGoneAndAddedSinceTheNewestPage() {
@@ -424,7 +440,7 @@ private slots:
         QCOMPARE(rows(), QStringList({"c.jpg|Cliffs", "b.png|", "cafe\u0301.png|Terrace", "0.png|",
                                       "e.png|"}));
         page.settings.captionColor = "White";  // left as it was
-        QVERIFY(window->gallerySettings() == page.settings);
+        QVERIFY(gallery.settings() == page.settings);
         QStringList told = {"12 images of the page are no longer in the folder."};
         for (int i = 1; i <= 10; ++i) told << QString("gone %1.jpg").arg(i);
         QCOMPARE(dialogs.messages, QStringList({told.join('\r')}));

@@ -109,8 +109,8 @@ private:
         bool caught = false;
         // The label is written after the signal, so at the signal it still holds the count of
         // the round before; repainting it now shows that count.
-        const auto connection =
-            QObject::connect(&main_->catalogue(), &ImageCatalogue::progressTextChanged, [&] {
+        const auto connection = QObject::connect(
+            &App::instance()->gallery().images(), &ImageCatalogue::progressTextChanged, [&] {
                 WindowProgess* progress = existingInstance<WindowProgess>();
                 if (caught || !progress || progress->progressInfoText() != kProgressCaught) return;
                 progress->Refresh(WindowProgess::Repaint::Now);
@@ -127,12 +127,13 @@ private:
     void clearList() {
         TestEnvironment::dialogs().answers.enqueue(kAnswerYes);
         control<QPushButton>(main_, "clearBtn")->click();
-        if (main_->catalogue().ListCount() != 0) throw std::runtime_error("the list stayed full");
+        if (App::instance()->gallery().images().ListCount() != 0)
+            throw std::runtime_error("the list stayed full");
         settle();
     }
 
     void select(const QString& name) {
-        ImageCatalogue& catalogue = main_->catalogue();
+        ImageCatalogue& catalogue = App::instance()->gallery().images();
         for (int row = 0; row < catalogue.ListCount(); ++row)
             if (catalogue.Cell(row, 1) == name) catalogue.setListIndex(row);
         settle();
@@ -145,7 +146,7 @@ private:
         // A photo stored sideways shows upright.
         select(QStringLiteral("Château d'Èze.jpg"));
         grab("02-main-portrait-photo");
-        ImageCatalogue& catalogue = main_->catalogue();
+        ImageCatalogue& catalogue = App::instance()->gallery().images();
         for (int row = 0; row < catalogue.ListCount(); ++row)
             if (catalogue.Cell(row, 1) == QStringLiteral("Plage à Nice.jpg"))
                 catalogue.moveRowsTo({row}, 0);
@@ -183,7 +184,7 @@ private:
         poll.start(50);
         dropFolder(main_, gallery_);
         platform::installDialogs(&TestEnvironment::dialogs());
-        if (main_->catalogue().Cell(0, 7).isEmpty())
+        if (App::instance()->gallery().images().Cell(0, 7).isEmpty())
             throw std::runtime_error("the gallery was not reopened");
         settle();
         grab("11-main-reopened");

@@ -11,10 +11,8 @@
 
 #include "app/identity.h"
 #include "catalogue/filetypes.h"
-#include "catalogue/stripextension.h"
 #include "mainwindow/mainmenubar.h"
 #include "mainwindow/windowmain.h"
-#include "page/gallerywriter.h"
 #include "platform/dialogs.h"
 #include "platform/nativename.h"
 #include "platform/specialfolders.h"
@@ -61,7 +59,7 @@ void App::bindMenuHandlers() {
 
 void App::start() {
     Event_Open();
-    windowMain_ = new WindowMain;
+    windowMain_ = new WindowMain(gallery_);
     windowMain_->Event_Open();
     windowMain_->show();
 }
@@ -77,7 +75,7 @@ void App::openFolder(const QString& path) {
     // since QDir would lose the bytes of a name that is not UTF-8.
     const QString folder = QDir::cleanPath(QDir::current().absoluteFilePath(path));
     QTimer::singleShot(0, this, [this, folder] {
-        if (windowMain_) windowMain_->takeFolder(folder);
+        if (windowMain_) gallery_.openFolder(folder);
     });
 }
 
@@ -107,36 +105,24 @@ void App::Event_Close() {
 
 bool App::_Save_Action(int) {
     // The shortcut can fire while the menu's enabling is stale: never write without rows.
-    if (!windowMain_ || windowMain_->catalogue().ListCount() == 0) {
+    if (!windowMain_ || gallery_.images().ListCount() == 0) {
         Beep();
         return true;
     }
-    saveAll();
+    windowMain_->writePage();
     return true;
 }
 
 bool App::_RestoreNames_Action() {
-    if (!windowMain_) return true;
-    ImageCatalogue& catalogue = windowMain_->catalogue();
-    const int count = catalogue.ListCount();
-    if (catalogue.renameFlag() != QStringLiteral("yes")) return true;
-    for (int row = 0; row < count; ++row)
-        catalogue.setCell(row, 0, stripExtension(catalogue.Cell(row, 1)));
-    catalogue.setRenameFlag(QStringLiteral("no"));
+    gallery_.restoreOriginalNames();
     return true;
 }
 
 bool App::_OpenFolder_Action() {
     // The chosen folder takes the road of a dropped one.
     const QString folder = SelectFolder();
-    if (windowMain_ && !folder.isEmpty()) windowMain_->takeFolder(folder);
+    if (windowMain_ && !folder.isEmpty()) gallery_.openFolder(folder);
     return true;
-}
-
-void App::saveAll() {
-    if (!windowMain_) return;
-    publishGalleryPage(windowMain_->gallerySettings(), windowMain_->countText(),
-                       windowMain_->catalogue().rows());
 }
 
 bool App::notify(QObject* receiver, QEvent* event) {

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QString>
 
+#include "gallery/gallery.h"
 #include "platform/picture.h"
 #include "preview/framedpreview.h"
 
@@ -40,7 +41,9 @@ public:
 
     void SavePrefs();
     void loadPrefs();
-    void saveAll();
+
+    // The gallery that the main window shows.
+    Gallery& gallery() { return gallery_; }
 
     MainMenuBar& menuBar() { return *menuBar_; }
     // The main window; nullptr before start() and after it closed.
@@ -75,6 +78,7 @@ protected:
 private:
     void bindMenuHandlers();
 
+    Gallery gallery_;
     MainMenuBar* menuBar_ = nullptr;
     QPointer<WindowMain> windowMain_;
 };

@@ -12,6 +12,6 @@ struct CommandLine {
     std::optional<int> exitCode;
 };
 
-// Reads the program's arguments (file names keep their bytes, see nativeName) as Qt programs do: --help and an unknown option are answered on
-// the terminal by Qt, which ends the program there.
+// Reads the program's arguments (file names keep their bytes, see nativeName) as Qt programs do:
+// --help and an unknown option are answered on the terminal by Qt, which ends the program there.
 CommandLine readCommandLine(const QStringList& arguments);

@@ -2,8 +2,8 @@
 
 #include <QFile>
 
-#include "platform/designfonts.h"
 #include "auxwindows/ui_velmorahelp.h"
+#include "platform/designfonts.h"
 
 static void loadHelpTextResources() {
     Q_INIT_RESOURCE(helptexts);

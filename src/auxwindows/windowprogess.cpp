@@ -3,9 +3,9 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 
-#include "platform/designfonts.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/ui_windowprogess.h"
+#include "platform/designfonts.h"
 #include "resources/namedpictures.h"
 
 namespace {

@@ -1,11 +1,13 @@
 #include "mainwindow/windowmain.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
 #include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
@@ -14,14 +16,12 @@
 #include "app/app.h"
 #include "auxwindows/velmorahelp.h"
 #include "auxwindows/windowprogess.h"
-#include "catalogue/filetypes.h"
-#include "catalogue/folderitems.h"
-#include "catalogue/stripextension.h"
-#include "mainwindow/colournames.h"
+#include "gallery/gallery.h"
 #include "mainwindow/mainmenubar.h"
-#include "mainwindow/pagerestore.h"
 #include "mainwindow/ui_windowmain.h"
+#include "page/colournames.h"
 #include "platform/designfonts.h"
+#include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/sharedwindow.h"
 #include "platform/text.h"
@@ -61,7 +61,8 @@ void acceptAsCopy(QDropEvent* event) {
 
 }  // namespace
 
-WindowMain::WindowMain(QWidget* parent) : QMainWindow(parent), ui_(new Ui::WindowMain) {
+WindowMain::WindowMain(Gallery& gallery, QWidget* parent)
+    : QMainWindow(parent), gallery_(gallery), ui_(new Ui::WindowMain) {
     ui_->setupUi(this);
     ui_->ImageCanvas->bind(
         {ui_->resizedWidth, ui_->RadioButtonWidth, ui_->wRect, ui_->hRect, ui_->info});
@@ -72,8 +73,10 @@ WindowMain::WindowMain(QWidget* parent) : QMainWindow(parent), ui_(new Ui::Windo
     ui_->BevelButton2->setIcon(pictures::iconOf(pictures::help()));
     applyDesignFonts();
     fillColourPopups();
-    Listbox1_Open();
+    setUpList();
     connectHandlers();
+    connectSettingFields();
+    gallery_.setQuestions(this);
     installMenus();
     for (QLineEdit* field : ui_->centralwidget->findChildren<QLineEdit*>())
         field->installEventFilter(this);
@@ -86,7 +89,9 @@ WindowMain::WindowMain(QWidget* parent) : QMainWindow(parent), ui_(new Ui::Windo
     move(screen()->availableGeometry().center() - rect().center());
 }
 
-WindowMain::~WindowMain() = default;
+WindowMain::~WindowMain() {
+    gallery_.setQuestions(nullptr);
+}
 
 void WindowMain::applyDesignFonts() {
     useDesignFontSizes(this);
@@ -99,15 +104,64 @@ void WindowMain::applyDesignFonts() {
 }
 
 void WindowMain::connectHandlers() {
-    connect(&catalogue_, &ImageCatalogue::Change, this, &WindowMain::Listbox1_Change);
-    connect(&catalogue_, &ImageCatalogue::countTextChanged, ui_->imgCount, &QLabel::setText);
-    connect(&catalogue_, &ImageCatalogue::renameFlagChanged, ui_->TextFieldRenamed,
+    ImageCatalogue& images = gallery_.images();
+    connect(&images, &ImageCatalogue::Change, this, &WindowMain::showSelectedImage);
+    connect(&images, &ImageCatalogue::countTextChanged, ui_->imgCount, &QLabel::setText);
+    connect(&images, &ImageCatalogue::renameFlagChanged, ui_->TextFieldRenamed,
             &QLineEdit::setText);
-    connect(ui_->imgCaption, &QLineEdit::textChanged, this, &WindowMain::imgCaption_TextChange);
-    connect(ui_->clearBtn, &QPushButton::clicked, this, &WindowMain::clearBtn_Action);
-    connect(ui_->clearBtn1, &QPushButton::clicked, this, &WindowMain::clearBtn1_Action);
-    connect(ui_->BevelButton1, &QPushButton::clicked, this, &WindowMain::BevelButton1_Action);
-    connect(ui_->BevelButton2, &QToolButton::clicked, this, &WindowMain::BevelButton2_Action);
+    connect(ui_->imgCaption, &QLineEdit::textChanged, this, &WindowMain::storeCaption);
+    connect(ui_->clearBtn, &QPushButton::clicked, this, &WindowMain::clearList);
+    connect(ui_->clearBtn1, &QPushButton::clicked, this, &WindowMain::removeSelectedImages);
+    connect(ui_->BevelButton1, &QPushButton::clicked, this, &WindowMain::writePageIfListed);
+    connect(ui_->BevelButton2, &QToolButton::clicked, this, &WindowMain::showHelp);
+    connect(&gallery_, &Gallery::settingsChanged, this, &WindowMain::showSettings);
+    connect(&gallery_, &Gallery::listUpdated, this, &WindowMain::showListProgress);
+    connect(&gallery_, &Gallery::intakeStarted, this,
+            [] { sharedInstance<WindowProgess>()->Show(); });
+    connect(&gallery_, &Gallery::intakeFinished, this, [] {
+        WindowProgess* progress = sharedInstance<WindowProgess>();
+        progress->Refresh(WindowProgess::Repaint::Now);
+        progress->Hide();
+    });
+}
+
+void WindowMain::connectSettingFields() {
+    for (QLineEdit* field : {ui_->galleryPath, ui_->galleryFileName, ui_->galleryHTMLtitle,
+                             ui_->galleryTitle, ui_->gallerySubTitle})
+        connect(field, &QLineEdit::textChanged, this, &WindowMain::storeSettings);
+    for (QComboBox* popup : {ui_->bgColot, ui_->txtColor, ui_->capColor})
+        connect(popup, &QComboBox::currentTextChanged, this, &WindowMain::storeSettings);
+    connect(ui_->CheckBoxFullScreen, &QCheckBox::toggled, this, &WindowMain::storeSettings);
+    storeSettings();
+}
+
+void WindowMain::storeSettings() {
+    if (showingSettings_) return;
+    GallerySettings settings;
+    settings.galleryPath = ui_->galleryPath->text();
+    settings.galleryFileName = ui_->galleryFileName->text();
+    settings.galleryHTMLtitle = ui_->galleryHTMLtitle->text();
+    settings.galleryTitle = ui_->galleryTitle->text();
+    settings.gallerySubTitle = ui_->gallerySubTitle->text();
+    settings.bgColor = ui_->bgColot->currentText();
+    settings.textColor = ui_->txtColor->currentText();
+    settings.captionColor = ui_->capColor->currentText();
+    settings.fullPageWidth = ui_->CheckBoxFullScreen->isChecked();
+    gallery_.setSettings(settings);
+}
+
+void WindowMain::showSettings() {
+    const GallerySettings& settings = gallery_.settings();
+    const QScopedValueRollback showing(showingSettings_, true);
+    ui_->galleryPath->setText(settings.galleryPath);
+    ui_->galleryFileName->setText(settings.galleryFileName);
+    ui_->galleryHTMLtitle->setText(settings.galleryHTMLtitle);
+    ui_->galleryTitle->setText(settings.galleryTitle);
+    ui_->gallerySubTitle->setText(settings.gallerySubTitle);
+    ui_->bgColot->setCurrentText(settings.bgColor);
+    ui_->txtColor->setCurrentText(settings.textColor);
+    ui_->capColor->setCurrentText(settings.captionColor);
+    ui_->CheckBoxFullScreen->setChecked(settings.fullPageWidth);
 }
 
 void WindowMain::Event_Open() {
@@ -119,24 +173,6 @@ void WindowMain::Event_Open() {
     // The sheet does not hold up the rest of the opening.
     if (app->openPrefs == kYes) sharedInstance<WindowPreferences>()->ShowWithin(this);
     ui_->galleryHTMLtitle->setText(app->shortName + QStringLiteral("'s photo gallery"));
-}
-
-GallerySettings WindowMain::gallerySettings() const {
-    GallerySettings settings;
-    settings.galleryPath = ui_->galleryPath->text();
-    settings.galleryFileName = ui_->galleryFileName->text();
-    settings.galleryHTMLtitle = ui_->galleryHTMLtitle->text();
-    settings.galleryTitle = ui_->galleryTitle->text();
-    settings.gallerySubTitle = ui_->gallerySubTitle->text();
-    settings.bgColor = ui_->bgColot->currentText();
-    settings.textColor = ui_->txtColor->currentText();
-    settings.captionColor = ui_->capColor->currentText();
-    settings.fullPageWidth = ui_->CheckBoxFullScreen->isChecked();
-    return settings;
-}
-
-QString WindowMain::countText() const {
-    return catalogue_.countText();
 }
 
 ImageCanvas* WindowMain::imageCanvas() const {
@@ -158,51 +194,51 @@ void WindowMain::installMenus() {
     // The items kept out of the File menu still answer their shortcuts while this window is
     // active.
     addActions(menus.hiddenItems());
-    connect(menus.FileMenu, &QMenu::aboutToShow, this, &WindowMain::Event_EnableMenuItems);
+    connect(menus.FileMenu, &QMenu::aboutToShow, this, &WindowMain::enableMenuItems);
     // Shortcuts fire without the menu being opened, so the enabling follows every change.
-    connect(&catalogue_, &QAbstractItemModel::rowsInserted, this,
-            &WindowMain::Event_EnableMenuItems);
-    connect(&catalogue_, &QAbstractItemModel::rowsRemoved, this,
-            &WindowMain::Event_EnableMenuItems);
-    connect(&catalogue_, &QAbstractItemModel::modelReset, this, &WindowMain::Event_EnableMenuItems);
-    connect(&catalogue_, &ImageCatalogue::renameFlagChanged, this,
-            &WindowMain::Event_EnableMenuItems);
-    Event_EnableMenuItems();
+    ImageCatalogue& images = gallery_.images();
+    connect(&images, &QAbstractItemModel::rowsInserted, this, &WindowMain::enableMenuItems);
+    connect(&images, &QAbstractItemModel::rowsRemoved, this, &WindowMain::enableMenuItems);
+    connect(&images, &QAbstractItemModel::modelReset, this, &WindowMain::enableMenuItems);
+    connect(&images, &ImageCatalogue::renameFlagChanged, this, &WindowMain::enableMenuItems);
+    enableMenuItems();
 }
 
-void WindowMain::Event_EnableMenuItems() {
+void WindowMain::enableMenuItems() {
     MainMenuBar& menus = App::instance()->menuBar();
-    const int count = catalogue_.ListCount();
-    menus.Save->setEnabled(count > 0);
-    menus.Rename->setEnabled(count > 0);
-    menus.RestoreNames->setEnabled(catalogue_.renameFlag() == kYes);
+    const ImageCatalogue& images = gallery_.images();
+    menus.Save->setEnabled(images.ListCount() > 0);
+    menus.Rename->setEnabled(images.ListCount() > 0);
+    menus.RestoreNames->setEnabled(images.renameFlag() == kYes);
 }
 
-void WindowMain::Listbox1_Open() {
+void WindowMain::setUpList() {
     static constexpr int kColumnWidths[ImageCatalogue::kVisibleColumns] = {210, 210, 520,
                                                                            130, 60,  60};
-    ui_->Listbox1->setModel(&catalogue_);
-    ui_->Listbox1->setSelectionModel(catalogue_.selectionModel());
+    ui_->Listbox1->setModel(&gallery_.images());
+    ui_->Listbox1->setSelectionModel(gallery_.images().selectionModel());
     for (int column = 0; column < ImageCatalogue::kVisibleColumns; ++column)
         ui_->Listbox1->setColumnWidth(column, kColumnWidths[column]);
 }
 
-void WindowMain::Listbox1_Change() {
-    const int row = catalogue_.ListIndex();
+void WindowMain::showSelectedImage() {
+    const ImageCatalogue& images = gallery_.images();
+    const int row = images.ListIndex();
     if (row < 0) return;
     App* app = App::instance();
-    app->opf = catalogue_.Cell(row, 2);
+    app->opf = images.Cell(row, 2);
     // A row that intake has just added was opened a moment ago: reading the file's header again
     // would double the file reads of the walk.
-    const bool justOpened = intakePicture_ && intakePicture_->path() == app->opf;
-    app->op = justOpened ? intakePicture_ : Picture::open(app->opf);
-    ui_->imgCaption->setText(catalogue_.Cell(row, CatalogueRow::kCaptionCell));
+    const PicturePtr& justOpened = gallery_.pictureBeingAdded();
+    app->op = justOpened && justOpened->path() == app->opf ? justOpened : Picture::open(app->opf);
+    ui_->imgCaption->setText(images.Cell(row, CatalogueRow::kCaptionCell));
     ui_->ImageCanvas->Invalidate();
 }
 
-void WindowMain::imgCaption_TextChange(const QString& text) {
+void WindowMain::storeCaption(const QString& text) {
     // Without a selected row no row takes the text.
-    catalogue_.setCell(catalogue_.ListIndex(), CatalogueRow::kCaptionCell, text);
+    ImageCatalogue& images = gallery_.images();
+    images.setCell(images.ListIndex(), CatalogueRow::kCaptionCell, text);
 }
 
 void WindowMain::dragEnterEvent(QDragEnterEvent* event) {
@@ -221,7 +257,7 @@ void WindowMain::dragMoveEvent(QDragMoveEvent* event) {
 
 void WindowMain::dropEvent(QDropEvent* event) {
     acceptAsCopy(event);
-    Event_DropObject(event->mimeData());
+    takeDrop(event->mimeData());
 }
 
 bool WindowMain::eventFilter(QObject* watched, QEvent* event) {
@@ -232,92 +268,39 @@ bool WindowMain::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
-void WindowMain::Event_DropObject(const QMimeData* dragged) {
-    takeFolder(firstDraggedItem(dragged));
+void WindowMain::takeDrop(const QMimeData* dragged) {
+    gallery_.openFolder(firstDraggedItem(dragged));
 }
 
-void WindowMain::takeFolder(const QString& item) {
-    const bool emptyList = catalogue_.ListCount() == 0;
-    // A gallery page stands for its folder, and handing it over already says what to do.
-    std::optional<GalleryPageFile> page = readGalleryPageFile(item);
-    const QString folder = page ? QFileInfo(item).absolutePath() : item;
-    WindowProgess* progress = sharedInstance<WindowProgess>();
-    progress->Show();
-    if (!folder.isEmpty()) older(folder);
-    progress->Hide();
-    // Rows already in the list are another gallery in the making: the folder only adds to them.
-    if (!emptyList || folder.isEmpty()) return;
-    if (!page) {
-        page = newestGalleryPageIn(folder);
-        if (!page) return;
-        const QString question = QStringLiteral("This folder already has the gallery page \"") +
-                                 QFileInfo(page->path).fileName() +
-                                 QStringLiteral("\". Restore its captions, order and settings?");
-        if (MsgBox(question, 36, QString()) != kAnswerYes) return;
-    }
-    reopenGallery(*page);
+bool WindowMain::restorePage(const QString& pageFileName) {
+    const QString question = QStringLiteral("This folder already has the gallery page \"") +
+                             pageFileName +
+                             QStringLiteral("\". Restore its captions, order and settings?");
+    return MsgBox(question, 36, QString()) == kAnswerYes;
 }
 
-void WindowMain::reopenGallery(const GalleryPageFile& found) {
-    const QStringList missing = arrangeAsPage(catalogue_, found.page.slides);
-    takePageSettings(found.page.settings);
-    ui_->galleryFileName->setText(QFileInfo(found.path).fileName());
-    catalogue_.setListIndex(0);
-    if (missing.isEmpty()) return;
+bool WindowMain::replaceOtherPage(const QString& pageFileName) {
+    return MsgBox(pageFileName + " already exists and was not written by Velmora. Replace it?", 36,
+                  QString()) == kAnswerYes;
+}
+
+void WindowMain::imagesMissing(const QStringList& fileNames) {
     static constexpr int kNamesShown = 10;
-    MsgBox(Str(missing.size()) +
+    MsgBox(Str(fileNames.size()) +
            QStringLiteral(" images of the page are no longer in the folder.") + Chr(13) +
-           missing.first(std::min<qsizetype>(missing.size(), kNamesShown)).join(Chr(13)));
+           fileNames.first(std::min<qsizetype>(fileNames.size(), kNamesShown)).join(Chr(13)));
 }
 
-void WindowMain::takePageSettings(const GallerySettings& settings) {
-    ui_->galleryHTMLtitle->setText(settings.galleryHTMLtitle);
-    ui_->galleryTitle->setText(settings.galleryTitle);
-    ui_->gallerySubTitle->setText(settings.gallerySubTitle);
-    // A colour the popups do not list (the page was edited by hand) leaves the popup as it is.
-    const std::pair<QComboBox*, QString> colours[] = {{ui_->bgColot, settings.bgColor},
-                                                      {ui_->txtColor, settings.textColor},
-                                                      {ui_->capColor, settings.captionColor}};
-    for (const auto& [popup, colour] : colours)
-        if (const int row = popup->findText(colour, Qt::MatchFixedString); row >= 0)
-            popup->setCurrentIndex(row);
-    ui_->CheckBoxFullScreen->setChecked(settings.fullPageWidth);
-}
-
-void WindowMain::older(const QString& folder) {
-    const QDir dir(folder);
-    for (const QString& name : folderItemsByName(folder)) {
-        const QFileInfo item(dir.filePath(name));
-        intakePicture_ = Picture::open(item.filePath());
-        if (intakePicture_) {
-            catalogue_.AddRow(stripExtension(name));
-            const int row = catalogue_.LastIndex();
-            catalogue_.setCell(row, 1, name);
-            catalogue_.setCell(row, 2, QDir::toNativeSeparators(item.absoluteFilePath()));
-            catalogue_.setCell(row, 3, fileTypes::typeOfExtension(item.suffix()));
-            catalogue_.setCell(row, 4, Str(intakePicture_->width()));
-            catalogue_.setCell(row, 5, Str(intakePicture_->height()));
-        }
-        updateTheList();
-        intakePicture_.reset();
-    }
-    if (WindowProgess* progress = existingInstance<WindowProgess>())
-        progress->Refresh(WindowProgess::Repaint::Now);
-    catalogue_.setListIndex(0);
-    ui_->galleryPath->setText(QDir::toNativeSeparators(folder) + QStringLiteral("/"));
-}
-
-void WindowMain::updateTheList() {
-    catalogue_.updateTheList();
+void WindowMain::showListProgress() {
     // Written also while the progress window is hidden, as after a removal.
     if (WindowProgess* progress = existingInstance<WindowProgess>()) {
-        progress->setProgressInfoText(catalogue_.progressText());
+        progress->setProgressInfoText(gallery_.images().progressText());
         progress->Refresh(WindowProgess::Repaint::AtMostOncePerFrame);
     }
 }
 
-void WindowMain::clearBtn_Action() {
-    if (catalogue_.ListCount() == 0) {
+void WindowMain::clearList() {
+    if (gallery_.images().ListCount() == 0) {
         Beep();
         return;
     }
@@ -325,21 +308,18 @@ void WindowMain::clearBtn_Action() {
                    QStringLiteral("Are you sure to clear the image's list?"),
                36, QString()) != kAnswerYes)
         return;
-    catalogue_.DeleteAllRows();
-    catalogue_.setCountText(QStringLiteral("Empty list"));
+    gallery_.clear();
     infotext::show(ui_->info, infotext::start());
     App::instance()->opf.clear();
     ui_->ImageCanvas->Invalidate();
-    catalogue_.setRenameFlag(kNo);
 }
 
-void WindowMain::clearBtn1_Action() {
-    if (catalogue_.ListIndex() == -1) {
+void WindowMain::removeSelectedImages() {
+    if (gallery_.images().ListIndex() == -1) {
         Beep();
         return;
     }
-    const int selected = catalogue_.SelCount();
-    const int count = catalogue_.ListCount();
+    const int selected = gallery_.images().SelCount();
     const QString question =
         selected == 1
             ? QStringLiteral("Remove image/s") + EndOfLine + EndOfLine +
@@ -348,19 +328,24 @@ void WindowMain::clearBtn1_Action() {
                   QStringLiteral("Are you sure to remove the ") + Str(selected) +
                   QStringLiteral(" selected images from the list?");
     if (MsgBox(question, 36, QString()) != kAnswerYes) return;
-    // Backward, so that the rows still to be looked at keep their indexes.
-    for (int row = count - 1; row >= 0; --row)
-        if (catalogue_.Selected(row)) catalogue_.RemoveRow(row);
-    updateTheList();
-    // After the selection above: the preview shows no image until the user selects one.
+    gallery_.removeSelectedImages();
+    // After the selection the removal made: the preview shows no image until the user selects
+    // one.
     App::instance()->opf.clear();
     ui_->ImageCanvas->Invalidate();
-    catalogue_.setRenameFlag(kNo);
 }
 
-void WindowMain::BevelButton1_Action() {
-    if (catalogue_.ListIndex() >= 0) {
-        App::instance()->saveAll();
+void WindowMain::writePage() {
+    const PageWriteResult result = gallery_.writePage();
+    if (result.ok)
+        Launch(result.path);
+    else if (!result.error.isEmpty())
+        MsgBox("The gallery page could not be written." + Chr(13) + result.error);
+}
+
+void WindowMain::writePageIfListed() {
+    if (gallery_.images().ListIndex() >= 0) {
+        writePage();
         return;
     }
     Beep();
@@ -369,7 +354,7 @@ void WindowMain::BevelButton1_Action() {
                           "folder with the images you have carefully chosen."));
 }
 
-void WindowMain::BevelButton2_Action() {
+void WindowMain::showHelp() {
     sharedInstance<VelmoraHelp>()->ShowWithin(this);
 }
 

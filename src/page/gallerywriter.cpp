@@ -8,8 +8,6 @@
 #include "page/htmlwindow.h"
 #include "page/pagetarget.h"
 #include "page/pagetext.h"
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
 #include "platform/replacefile.h"
 #include "platform/text.h"
 
@@ -169,17 +167,4 @@ PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& 
     result.ok = outcome.ok;
     if (!outcome.ok) result.error = whyNotWritten(settings, outcome, page.data().size());
     return result;
-}
-
-void publishGalleryPage(const GallerySettings& settings, const QString& countText,
-                        const QList<CatalogueRow>& rows, const FileFactory& makeFile) {
-    const auto mayReplace = [](const QString& name) {
-        return MsgBox(name + " already exists and was not written by Velmora. Replace it?", 36,
-                      QString()) == kAnswerYes;
-    };
-    const PageWriteResult result = saveGalleryPage(settings, countText, rows, makeFile, mayReplace);
-    if (result.ok)
-        Launch(result.path);
-    else if (!result.error.isEmpty())
-        MsgBox("The gallery page could not be written." + text::Chr(13) + result.error);
 }

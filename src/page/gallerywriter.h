@@ -37,8 +37,3 @@ using ReplaceQuestion = std::function<bool(const QString& fileName)>;
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
                                 const QList<CatalogueRow>& rows, const FileFactory& makeFile = {},
                                 const ReplaceQuestion& mayReplace = {});
-
-// Saves the page and opens it in the default application, after asking before another's page is
-// replaced, or tells the user why it could not be written.
-void publishGalleryPage(const GallerySettings& settings, const QString& countText,
-                        const QList<CatalogueRow>& rows, const FileFactory& makeFile = {});

@@ -1,8 +1,8 @@
 #include "preferences/windowpreferences.h"
 
 #include "app/app.h"
-#include "platform/designfonts.h"
 #include "mainwindow/windowmain.h"
+#include "platform/designfonts.h"
 #include "platform/dialogs.h"
 #include "platform/narrowtofit.h"
 #include "platform/specialfolders.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "fuzzinput.h"
-#include "mainwindow/colournames.h"
+#include "page/colournames.h"
 #include "platform/nativename.h"
 #include "platform/text.h"
 #include "support/pagebytes.h"

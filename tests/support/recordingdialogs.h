@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QQueue>
 #include <QStringList>
-#include <functional>
 #include <optional>
 
 #include "platform/dialogs.h"
@@ -20,7 +19,6 @@ public:
     void message(const QString& text) override { messages.append(text); }
     int ask(const QString& text, int buttons, const QString& title) override {
         questions.append({text, buttons, title});
-        if (whileAsking) whileAsking();
         return answers.isEmpty() ? kAnswerNo : answers.dequeue();
     }
     void beep() override { ++beeps; }
@@ -40,8 +38,6 @@ public:
     QList<QColor> colourPickerStarts;
     QStringList colourPrompts;
 
-    // Done while a question is open, as a user or another program may.
-    std::function<void()> whileAsking;
     // Answers to questions in order; No when the queue is empty.
     QQueue<int> answers;
     // Colours the user takes in order; an empty entry, or an empty queue, cancels the picker.

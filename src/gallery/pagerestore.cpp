@@ -1,4 +1,4 @@
-#include "mainwindow/pagerestore.h"
+#include "gallery/pagerestore.h"
 
 #include <QHash>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "mainwindow/colournames.h"
+#include "page/colournames.h"
 
 const QStringList& galleryColourNames() {
     static const QStringList names = {

@@ -1,0 +1,116 @@
+#include "gallery/gallery.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <optional>
+
+#include "catalogue/filetypes.h"
+#include "catalogue/folderitems.h"
+#include "catalogue/stripextension.h"
+#include "gallery/galleryquestions.h"
+#include "gallery/pagerestore.h"
+#include "page/colournames.h"
+#include "page/galleryreader.h"
+#include "platform/text.h"
+
+namespace {
+
+// The colour popups' own spelling of `colour`, matched ignoring case; `current` for a colour they
+// do not list (a page edited by hand).
+QString listedColour(const QString& colour, const QString& current) {
+    for (const QString& name : galleryColourNames())
+        if (name.compare(colour, Qt::CaseInsensitive) == 0) return name;
+    return current;
+}
+
+}  // namespace
+
+Gallery::Gallery(QObject* parent) : QObject(parent) {}
+
+void Gallery::openFolder(const QString& item) {
+    const bool emptyList = images_.ListCount() == 0;
+    // A gallery page stands for its folder, and handing it over already says what to do.
+    std::optional<GalleryPageFile> page = readGalleryPageFile(item);
+    const QString folder = page ? QFileInfo(item).absolutePath() : item;
+    emit intakeStarted();
+    if (!folder.isEmpty()) addImagesOf(folder);
+    emit intakeFinished();
+    if (!emptyList || folder.isEmpty()) return;
+    if (!page) {
+        page = newestGalleryPageIn(folder);
+        if (!page || !questions_ || !questions_->restorePage(QFileInfo(page->path).fileName()))
+            return;
+    }
+    reopen(*page);
+}
+
+void Gallery::addImagesOf(const QString& folder) {
+    const QDir dir(folder);
+    for (const QString& name : folderItemsByName(folder)) {
+        const QFileInfo item(dir.filePath(name));
+        pictureBeingAdded_ = Picture::open(item.filePath());
+        if (pictureBeingAdded_) {
+            images_.AddRow(stripExtension(name));
+            const int row = images_.LastIndex();
+            images_.setCell(row, 1, name);
+            images_.setCell(row, 2, QDir::toNativeSeparators(item.absoluteFilePath()));
+            images_.setCell(row, 3, fileTypes::typeOfExtension(item.suffix()));
+            images_.setCell(row, 4, text::Str(pictureBeingAdded_->width()));
+            images_.setCell(row, 5, text::Str(pictureBeingAdded_->height()));
+        }
+        updateList();
+        pictureBeingAdded_.reset();
+    }
+    images_.setListIndex(0);
+    settings_.galleryPath = QDir::toNativeSeparators(folder) + QStringLiteral("/");
+    emit settingsChanged();
+}
+
+void Gallery::reopen(const GalleryPageFile& found) {
+    const QStringList missing = arrangeAsPage(images_, found.page.slides);
+    const GallerySettings& page = found.page.settings;
+    settings_.galleryFileName = QFileInfo(found.path).fileName();
+    settings_.galleryHTMLtitle = page.galleryHTMLtitle;
+    settings_.galleryTitle = page.galleryTitle;
+    settings_.gallerySubTitle = page.gallerySubTitle;
+    settings_.bgColor = listedColour(page.bgColor, settings_.bgColor);
+    settings_.textColor = listedColour(page.textColor, settings_.textColor);
+    settings_.captionColor = listedColour(page.captionColor, settings_.captionColor);
+    settings_.fullPageWidth = page.fullPageWidth;
+    emit settingsChanged();
+    images_.setListIndex(0);
+    if (!missing.isEmpty() && questions_) questions_->imagesMissing(missing);
+}
+
+void Gallery::updateList() {
+    images_.updateTheList();
+    emit listUpdated();
+}
+
+void Gallery::removeSelectedImages() {
+    // Backward, so that the rows still to be looked at keep their indexes.
+    for (int row = images_.ListCount() - 1; row >= 0; --row)
+        if (images_.Selected(row)) images_.RemoveRow(row);
+    updateList();
+    images_.setRenameFlag(QStringLiteral("no"));
+}
+
+void Gallery::clear() {
+    images_.DeleteAllRows();
+    images_.setCountText(QStringLiteral("Empty list"));
+    images_.setRenameFlag(QStringLiteral("no"));
+}
+
+void Gallery::restoreOriginalNames() {
+    if (images_.renameFlag() != QStringLiteral("yes")) return;
+    for (int row = 0; row < images_.ListCount(); ++row)
+        images_.setCell(row, 0, stripExtension(images_.Cell(row, 1)));
+    images_.setRenameFlag(QStringLiteral("no"));
+}
+
+PageWriteResult Gallery::writePage(const FileFactory& makeFile) {
+    const auto mayReplace = [this](const QString& name) {
+        return questions_ && questions_->replaceOtherPage(name);
+    };
+    return saveGalleryPage(settings_, images_.countText(), images_.rows(), makeFile, mayReplace);
+}
