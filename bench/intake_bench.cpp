@@ -71,7 +71,7 @@ double rawRead(const QString& folder) {
 // Milliseconds for dropping `folder` on a fresh main window, through its drop events.
 double drop(const QString& folder, int expectedRows) {
     Gallery gallery;
-    WindowMain window(gallery);
+    WindowMain window(gallery, App::instance()->preferences(), App::instance()->menuBar());
     window.Event_Open();
     window.show();
     QCoreApplication::processEvents();
@@ -135,7 +135,6 @@ int main(int argc, char** argv) {
     }
 
     App app(argc, argv);
-    app.Event_Open();
     // A folder of folders adds nothing: what remains is the fixed cost of a drop, mostly
     // bringing the progress window on screen.
     QList<double> empty;

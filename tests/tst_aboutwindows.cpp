@@ -184,7 +184,7 @@ private slots:
 
         App::instance()->start();
         sharedInstance<WindowProgess>()->Show();
-        sharedInstance<WindowPreferences>()->Show();
+        sharedInstance<WindowPreferences>(App::instance()->preferences())->Show();
         sharedInstance<VelmoraHelp>()->Show();
         openAbout();
         sharedInstance<WindowAbout2>()->Show();

@@ -8,6 +8,7 @@
 #include "mainwindow/windowmain.h"
 #include "platform/nativename.h"
 #include "platform/sharedwindow.h"
+#include "preview/imagecanvas.h"
 #include "support/dropfiles.h"
 #include "support/testenvironment.h"
 #include "support/testpictures.h"
@@ -20,7 +21,7 @@ class IntakeTest : public QObject {
     QTemporaryDir dir;
     QString trip = dir.filePath("Trip"), more = dir.filePath("More"), odd = dir.filePath("Odd");
     Gallery gallery;
-    WindowMain window{gallery};
+    WindowMain window{gallery, App::instance()->preferences(), App::instance()->menuBar()};
     ImageCatalogue& catalogue = gallery.images();
     QLineEdit* caption = window.findChild<QLineEdit*>("imgCaption");
     QLineEdit* galleryPath = window.findChild<QLineEdit*>("galleryPath");
@@ -139,11 +140,12 @@ private slots:
         for (int row = 0; row < catalogue.ListCount(); ++row) {
             catalogue.setListIndex(row);
             QCoreApplication::processEvents();
-            QCOMPARE(App::instance()->opf, catalogue.Cell(row, 2));
+            QCOMPARE(window.imageCanvas()->imagePath(), catalogue.Cell(row, 2));
             // All but the enormous picture, whose pixels end long before its header says; what a
             // refusal leaves as it was, the preview suite checks.
-            QVERIFY2(bool(App::instance()->op) == (catalogue.Cell(row, 1) != "enormous.png"),
-                     qPrintable(catalogue.Cell(row, 1)));
+            QVERIFY2(
+                bool(window.imageCanvas()->picture()) == (catalogue.Cell(row, 1) != "enormous.png"),
+                qPrintable(catalogue.Cell(row, 1)));
         }
         // The enormous picture was never decoded at its full size.
         QVERIFY(memory.megabytes() < 256);

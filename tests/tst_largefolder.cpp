@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 
 #include "mainwindow/windowmain.h"
+#include "preview/imagecanvas.h"
 #include "resources/namedpictures.h"
 #include "support/dropfiles.h"
 #include "support/testenvironment.h"
@@ -39,8 +40,8 @@ class LargeFolderTest : public QObject {
                  QString("Clear\n\nAre you sure to remove the %1 selected images from the list?")
                      .arg(selected));
         QCoreApplication::processEvents();  // the preview's layout step
-        QVERIFY(App::instance()->opf.isEmpty());
-        QCOMPARE(App::instance()->op, pictures::hubble());
+        QVERIFY(window->imageCanvas()->imagePath().isEmpty());
+        QCOMPARE(window->imageCanvas()->picture(), pictures::hubble());
     }
 
 private slots:

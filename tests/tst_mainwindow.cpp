@@ -22,6 +22,7 @@
 #include "platform/sharedwindow.h"
 #include "platform/specialfolders.h"
 #include "preferences/windowpreferences.h"
+#include "preview/imagecanvas.h"
 #include "support/dropfiles.h"
 #include "support/pagebytes.h"
 #include "support/testenvironment.h"
@@ -189,11 +190,11 @@ private slots:
         QVERIFY(help && help->isVisible() && help->parentWidget() == window);
         QCOMPARE(window->windowTitle() + " / " + help->windowTitle(), "Velmora / Velmora - Help");
         help->close();
-        App::instance()->openPrefs = "yes";
+        App::instance()->preferences().openPrefs = "yes";
         Gallery another;
-        WindowMain other(another);
+        WindowMain other(another, App::instance()->preferences(), menus);
         other.Event_Open();
-        App::instance()->openPrefs.clear();
+        App::instance()->preferences().openPrefs.clear();
         QCOMPARE(existingInstance<WindowPreferences>()->parentWidget(), &other);
     }
     // The menu bar as the user reads it, then the items kept out of it; and what is enabled.
@@ -279,7 +280,8 @@ private slots:
             dialogs.answers.enqueue(kAnswerYes);
             control<QAbstractButton>(button)->click();
             QCOMPARE((rows() << control<QLabel>("imgCount")->text()).join(' '), kept);
-            QVERIFY(App::instance()->opf.isEmpty() && !menus.RestoreNames->isEnabled());
+            QVERIFY(window->imageCanvas()->imagePath().isEmpty() &&
+                    !menus.RestoreNames->isEnabled());
             QCOMPARE(catalogue->ListIndex() >= 0, catalogue->ListCount() > 0);
         }
         QCOMPARE(control<QLabel>("info")->text(),

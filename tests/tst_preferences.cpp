@@ -45,7 +45,7 @@ QString shown() {
 
 // The settings of App: the file holds the first five, the window changes all but the first.
 QString settings() {
-    const App* a = App::instance();
+    const Preferences* a = &App::instance()->preferences();
     return QString("%1|%2|%3|%4|%5|%6|%7")
         .arg(QString::number(a->lastSize), QString::number(a->imageQuality), a->imageFormat,
              a->savePath, a->openPrefs, QString::number(a->frameWidth), a->bordColor.name());
@@ -169,8 +169,8 @@ private slots:
 
     void whatIsReadIsWrittenBackInTheSameLayout() {
         load(kWritten);
-        App::instance()->mainWinWidth = 1000;
-        App::instance()->mainWinHeight = 700;
+        App::instance()->preferences().mainWinWidth = 1000;
+        App::instance()->preferences().mainWinHeight = 700;
         QVERIFY(QFile::remove(preferenceFile()));
         App::instance()->SavePrefs();
         QFile file(preferenceFile());

@@ -49,17 +49,17 @@ class PreviewTest : public QObject {
     QLabel* info = new QLabel(&window);
     ImageCanvas* canvas = new ImageCanvas(&window);
     Slider* slider = new Slider(&window);
-    SizeControls sizeControls{{wanted, slider, byWidth, byHeight, canvas}};
+    SizeControls sizeControls{{wanted, slider, byWidth, byHeight, canvas},
+                              App::instance()->preferences()};
     const QString photo = path("photo.png");
     const qreal ratio = canvas->devicePixelRatioF();
 
     // `size` is the mode, w or h, then the size field's text.
     void paint(const QString& file, const QString& size, int frame = 0) {
-        App::instance()->opf = file;
-        App::instance()->frameWidth = frame;
+        App::instance()->preferences().frameWidth = frame;
         (size.startsWith('w') ? byWidth : byHeight)->setChecked(true);
         wanted->setText(size.mid(1));
-        canvas->Invalidate();
+        canvas->showImage(file);
         QCoreApplication::processEvents();
     }
     QString path(const char* name) const { return dir.filePath(name); }
@@ -68,9 +68,9 @@ private slots:
     void initTestCase() {
         window.resize(3300, 2200);  // room for the largest worked example
         canvas->move(245, 74);
-        canvas->bind({wanted, byWidth, wRect, hRect, info});
+        canvas->bind({wanted, byWidth, wRect, hRect, info}, App::instance()->preferences());
         slider->setRange(0, 20000);
-        App::instance()->bordColor = QColor(kFrame);
+        App::instance()->preferences().bordColor = QColor(kFrame);
         QVERIFY(quarters({1600, 1067}).save(photo));
     }
 
@@ -132,7 +132,7 @@ private slots:
         QFETCH(QSize, preview);
         QFETCH(double, megabytes);
         paint(photo, "h360");
-        const FramedPreview before = App::instance()->opSmall;
+        const FramedPreview before = canvas->framedPreview();
         const PeakMemory memory;
         paint(file, size, frame);
         QVERIFY2(memory.megabytes() < megabytes, qPrintable(QString::number(memory.megabytes())));
@@ -140,9 +140,9 @@ private slots:
                                    ? "This image is too large to preview (10240 × 10000 pixels)."
                                    : QString("Ready to create the gallery!"));
         if (preview.isEmpty()) {  // nothing changes
-            QVERIFY(!App::instance()->op);
+            QVERIFY(!canvas->picture());
             QCOMPARE(canvas->size(), before.size());
-            QCOMPARE(App::instance()->opSmall, before);
+            QCOMPARE(canvas->framedPreview(), before);
             return;
         }
         const bool widthMode = size.startsWith('w');
@@ -154,14 +154,14 @@ private slots:
         // Drawn at the screen's pixel density, as the composed preview is; the thin picture's
         // would take 800 MB at two pixels a point.
         if (preview.height() < 5000) {
-            const QImage sharp = App::instance()->opSmall.image(ratio);
+            const QImage sharp = canvas->framedPreview().image(ratio);
             QCOMPARE(canvas->grab().toImage().convertToFormat(sharp.format()), sharp);
         }
-        const QImage small = App::instance()->opSmall.image();
+        const QImage small = canvas->framedPreview().image();
         const QRect inner = QRect(QPoint(), preview).adjusted(frame, frame, -frame, -frame);
         if (frame > 0) QCOMPARE(small.pixel(0, 0), kFrame);
         if (frame > 0) QCOMPARE(small.pixel(inner.bottomRight() + QPoint(1, 1)), kFrame);
-        const QSize source = App::instance()->op->size();
+        const QSize source = canvas->picture()->size();
         for (int corner = 0; corner < 4 && !inner.isEmpty(); ++corner) {
             const int x = corner % 2, y = corner / 2;
             QCOMPARE(
@@ -205,21 +205,21 @@ private slots:
             QTest::keyClicks(wanted, typed);
             QFocusEvent lost(QEvent::FocusOut);
             if (!typed.endsWith('\r')) QCoreApplication::sendEvent(wanted, &lost);
-            committed << wanted->text() + " " + QString::number(App::instance()->lastSize);
+            committed << wanted->text() + " " +
+                             QString::number(App::instance()->preferences().lastSize);
         }
         QCOMPARE(committed.join(", "), "1 1, 12.7 12, 1 1, 9999 9999, 1 1");
     }
 
     void followsTheMainWindowFromItsOpening() {
         App* app = App::instance();
-        app->opf.clear();
         app->start();
         WindowMain* main = app->windowMain();
         QCoreApplication::processEvents();
         // The field's first text falls to the slider's single position; the placeholder shows.
         QCOMPARE(main->findChild<QLineEdit*>("resizedWidth")->text(), QString("360"));
-        QCOMPARE(app->lastSize, 360);
-        QCOMPARE(app->op, pictures::hubble());
+        QCOMPARE(app->preferences().lastSize, 360);
+        QCOMPARE(main->imageCanvas()->picture(), pictures::hubble());
         QCOMPARE(main->imageCanvas()->geometry(), QRect(245, 74, 360, 240));
         // Icons are drawn for the screen's density, not scaled up from a smaller one.
         const auto* help = main->findChild<QToolButton*>("BevelButton2");

@@ -156,9 +156,10 @@ private:
                  QStringLiteral("Sunset over the Baie des Anges, à bientôt!"));
         typeInto(control<QLineEdit>(main_, "galleryTitle"), QStringLiteral("Côte d'Azur"));
         // What the preferences' OK does with a frame chosen.
-        App::instance()->frameWidth = 8;
-        App::instance()->bordColor = QColor(0xFF, 0x8C, 0x00);
-        main_->imageCanvas()->Invalidate();
+        Preferences& preferences = App::instance()->preferences();
+        preferences.frameWidth = 8;
+        preferences.bordColor = QColor(0xFF, 0x8C, 0x00);
+        emit preferences.previewFrameChanged();
         settle();
         grab("02-main-with-gallery");
     }

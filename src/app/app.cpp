@@ -58,8 +58,7 @@ void App::bindMenuHandlers() {
 }
 
 void App::start() {
-    Event_Open();
-    windowMain_ = new WindowMain(gallery_);
+    windowMain_ = new WindowMain(gallery_, preferences_, *menuBar_);
     windowMain_->Event_Open();
     windowMain_->show();
 }
@@ -83,10 +82,6 @@ bool App::event(QEvent* event) {
     if (event->type() != QEvent::FileOpen) return QApplication::event(event);
     openFolder(static_cast<QFileOpenEvent*>(event)->file());
     return true;
-}
-
-void App::Event_Open() {
-    shortName = QFileInfo(SpecialFolder::UserHome()).fileName();
 }
 
 bool App::Event_CancelClose() {

@@ -1,14 +1,11 @@
 #pragma once
 
 #include <QApplication>
-#include <QColor>
-#include <QImage>
 #include <QPointer>
 #include <QString>
 
 #include "gallery/gallery.h"
-#include "platform/picture.h"
-#include "preview/framedpreview.h"
+#include "preferences/preferences.h"
 
 class MainMenuBar;
 class WindowMain;
@@ -23,14 +20,13 @@ public:
 
     static App* instance() { return static_cast<App*>(QCoreApplication::instance()); }
 
-    // The rest of the start: Event_Open, then the main window, which fills its fields.
+    // The rest of the start: the main window, which fills its fields.
     void start();
     // Takes `path` the road of a dropped folder once the main window is open. Anything but an
     // existing folder is refused with a word on standard error, and the list stays as it is.
     void openFolder(const QString& path);
 
     // Start, menu and stop events.
-    void Event_Open();
     bool Event_CancelClose();
     void Event_Close();
     bool _Save_Action(int index);
@@ -44,6 +40,7 @@ public:
 
     // The gallery that the main window shows.
     Gallery& gallery() { return gallery_; }
+    Preferences& preferences() { return preferences_; }
 
     MainMenuBar& menuBar() { return *menuBar_; }
     // The main window; nullptr before start() and after it closed.
@@ -51,25 +48,6 @@ public:
 
     // An exception that reaches the event loop is shown to the user, and the program goes on.
     bool notify(QObject* receiver, QEvent* event) override;
-
-    // Shared image state: the selected file (empty for none), its picture (or hubble while
-    // no image is selected) and the framed preview.
-    PicturePtr op;
-    QString opf;
-    FramedPreview opSmall;
-
-    // Settings shown and changed by the preferences window.
-    QString imageFormat;
-    int imageQuality = 0;
-    QString savePath;
-    int lastSize = 0;
-    QString openPrefs;
-    int frameWidth = 0;
-    QColor bordColor = QColor(255, 255, 255);
-    int brightness = 0;
-    int mainWinHeight = 0;
-    int mainWinWidth = 0;
-    QString shortName;
 
 protected:
     // A folder dropped on the Dock icon or opened with the program arrives as a file open event.
@@ -79,6 +57,7 @@ private:
     void bindMenuHandlers();
 
     Gallery gallery_;
+    Preferences preferences_;
     MainMenuBar* menuBar_ = nullptr;
     QPointer<WindowMain> windowMain_;
 };

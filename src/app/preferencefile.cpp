@@ -37,21 +37,21 @@ void setControlAreaSize(WindowMain* window, QSize size) {
 void App::loadPrefs() {
     QFile file(preferenceFilePath());
     if (!file.exists()) {
-        lastSize = 720;
-        imageQuality = 80;
-        imageFormat = QStringLiteral("PNG");
-        savePath = QStringLiteral("Desktop");
-        openPrefs = QStringLiteral("yes");
-        sharedInstance<WindowAbout>()->Show();
+        preferences_.lastSize = 720;
+        preferences_.imageQuality = 80;
+        preferences_.imageFormat = QStringLiteral("PNG");
+        preferences_.savePath = QStringLiteral("Desktop");
+        preferences_.openPrefs = QStringLiteral("yes");
+        sharedInstance<WindowAbout>()->Show(windowMain());
         return;
     }
     file.open(QIODevice::ReadOnly);
     const SavedPreferences saved = readSavedPreferences(file);
-    lastSize = saved.lastSize;
-    imageQuality = saved.imageQuality;
-    imageFormat = saved.imageFormat;
-    savePath = saved.savePath;
-    openPrefs = saved.openPrefs;
+    preferences_.lastSize = saved.lastSize;
+    preferences_.imageQuality = saved.imageQuality;
+    preferences_.imageFormat = saved.imageFormat;
+    preferences_.savePath = saved.savePath;
+    preferences_.openPrefs = saved.openPrefs;
     if (WindowMain* window = windowMain()) setControlAreaSize(window, saved.windowSize);
 }
 
@@ -64,10 +64,12 @@ void App::SavePrefs() {
         QStringLiteral("4.0"),
         QStringLiteral("# Last resize dimension, image quality, image format, save path, opend "
                        "prefs on startup"),
-        QStringList{text::Str(lastSize), text::Str(imageQuality), imageFormat, savePath, openPrefs}
+        QStringList{text::Str(preferences_.lastSize), text::Str(preferences_.imageQuality),
+                    preferences_.imageFormat, preferences_.savePath, preferences_.openPrefs}
             .join(QLatin1Char(',')),
         QStringLiteral("# Main Window width and height"),
-        text::Str(mainWinWidth) + QLatin1Char(',') + text::Str(mainWinHeight),
+        text::Str(preferences_.mainWinWidth) + QLatin1Char(',') +
+            text::Str(preferences_.mainWinHeight),
         QStringLiteral("# EOF"),
     };
     for (const QString& line : lines) file.write((line + text::EndOfLine).toUtf8());

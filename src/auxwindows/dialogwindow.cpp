@@ -2,9 +2,6 @@
 
 #include <QKeyEvent>
 
-#include "app/app.h"
-#include "mainwindow/windowmain.h"
-
 DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent) {
     setAttribute(Qt::WA_DeleteOnClose);
 }
@@ -26,8 +23,7 @@ void SheetWindow::Show() {
 }
 
 void SheetWindow::ShowWithin(QWidget* parent) {
-    if (!parent) parent = App::instance()->windowMain();
-    if (parent != parentWidget()) {
+    if (parent && parent != parentWidget()) {
         Qt::WindowFlags flags = windowFlags();
 #ifdef Q_OS_MACOS
         flags = (flags & ~Qt::WindowType_Mask) | Qt::Sheet;

@@ -22,8 +22,8 @@ class SheetWindow : public DialogWindow {
 public:
     using DialogWindow::DialogWindow;
 
-    // Over the main window, when there is one.
+    // Over the window it was last shown within, if any.
     void Show();
-    // Over `parent`; without one, as Show.
+    // Over `parent`.
     void ShowWithin(QWidget* parent);
 };

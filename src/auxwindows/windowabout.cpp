@@ -2,12 +2,10 @@
 
 #include <QEvent>
 
-#include "app/app.h"
 #include "auxwindows/imagewell.h"
 #include "auxwindows/owner.h"
 #include "auxwindows/ui_windowabout.h"
 #include "auxwindows/windowabout2.h"
-#include "mainwindow/windowmain.h"
 #include "platform/designfonts.h"
 #include "platform/desktop.h"
 #include "platform/readablecolour.h"
@@ -45,9 +43,8 @@ WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent), ui(new Ui::Win
 
 WindowAbout::~WindowAbout() = default;
 
-void WindowAbout::Show() {
-    if (!parentWidget())
-        if (WindowMain* main = App::instance()->windowMain()) setParent(main, windowFlags());
+void WindowAbout::Show(QWidget* over) {
+    if (!parentWidget() && over) setParent(over, windowFlags());
     setWindowModality(Qt::ApplicationModal);
     show();
     raise();

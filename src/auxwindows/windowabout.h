@@ -16,8 +16,8 @@ public:
     explicit WindowAbout(QWidget* parent = nullptr);
     ~WindowAbout() override;
 
-    // Application-modal, over the main window when there is one.
-    void Show();
+    // Application-modal, over `over` (the main window) when given.
+    void Show(QWidget* over = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

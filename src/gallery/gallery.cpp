@@ -11,6 +11,7 @@
 #include "gallery/pagerestore.h"
 #include "page/colournames.h"
 #include "page/galleryreader.h"
+#include "platform/picture.h"
 #include "platform/text.h"
 
 namespace {
@@ -48,18 +49,16 @@ void Gallery::addImagesOf(const QString& folder) {
     const QDir dir(folder);
     for (const QString& name : folderItemsByName(folder)) {
         const QFileInfo item(dir.filePath(name));
-        pictureBeingAdded_ = Picture::open(item.filePath());
-        if (pictureBeingAdded_) {
+        if (const PicturePtr picture = Picture::open(item.filePath())) {
             images_.AddRow(stripExtension(name));
             const int row = images_.LastIndex();
             images_.setCell(row, 1, name);
             images_.setCell(row, 2, QDir::toNativeSeparators(item.absoluteFilePath()));
             images_.setCell(row, 3, fileTypes::typeOfExtension(item.suffix()));
-            images_.setCell(row, 4, text::Str(pictureBeingAdded_->width()));
-            images_.setCell(row, 5, text::Str(pictureBeingAdded_->height()));
+            images_.setCell(row, 4, text::Str(picture->width()));
+            images_.setCell(row, 5, text::Str(picture->height()));
         }
         updateList();
-        pictureBeingAdded_.reset();
     }
     images_.setListIndex(0);
     settings_.galleryPath = QDir::toNativeSeparators(folder) + QStringLiteral("/");

@@ -6,7 +6,6 @@
 #include "catalogue/imagecatalogue.h"
 #include "page/gallerysettings.h"
 #include "page/gallerywriter.h"
-#include "platform/picture.h"
 
 class GalleryQuestions;
 struct GalleryPageFile;
@@ -35,9 +34,6 @@ public:
     // Adds a row for every item directly in `folder` that opens as a picture, then selects the
     // first row and makes `folder` the gallery's folder.
     void addImagesOf(const QString& folder);
-    // The picture of the item being added while the folder is walked, so that selecting its row
-    // does not read the file again; empty at other times.
-    const PicturePtr& pictureBeingAdded() const { return pictureBeingAdded_; }
 
     // Brings the selection, the count text and the progress text up to date after the rows
     // changed.
@@ -70,5 +66,4 @@ private:
     ImageCatalogue images_;
     GallerySettings settings_;
     GalleryQuestions* questions_ = nullptr;
-    PicturePtr pictureBeingAdded_;
 };

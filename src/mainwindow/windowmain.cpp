@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "app/app.h"
 #include "auxwindows/velmorahelp.h"
 #include "auxwindows/windowprogess.h"
 #include "gallery/gallery.h"
@@ -24,7 +23,9 @@
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/sharedwindow.h"
+#include "platform/specialfolders.h"
 #include "platform/text.h"
+#include "preferences/preferences.h"
 #include "preferences/windowpreferences.h"
 #include "preview/imagecanvas.h"
 #include "preview/infotext.h"
@@ -61,14 +62,20 @@ void acceptAsCopy(QDropEvent* event) {
 
 }  // namespace
 
-WindowMain::WindowMain(Gallery& gallery, QWidget* parent)
-    : QMainWindow(parent), gallery_(gallery), ui_(new Ui::WindowMain) {
+WindowMain::WindowMain(Gallery& gallery, Preferences& preferences, MainMenuBar& menus,
+                       QWidget* parent)
+    : QMainWindow(parent),
+      gallery_(gallery),
+      preferences_(preferences),
+      menus_(menus),
+      ui_(new Ui::WindowMain) {
     ui_->setupUi(this);
     ui_->ImageCanvas->bind(
-        {ui_->resizedWidth, ui_->RadioButtonWidth, ui_->wRect, ui_->hRect, ui_->info});
+        {ui_->resizedWidth, ui_->RadioButtonWidth, ui_->wRect, ui_->hRect, ui_->info},
+        preferences_);
     new SizeControls({ui_->resizedWidth, ui_->SliderSize, ui_->RadioButtonWidth,
                       ui_->RadioButtonHeight, ui_->ImageCanvas},
-                     this);
+                     preferences_, this);
     ui_->BevelButton1->setIcon(pictures::iconOf(pictures::blue()));
     ui_->BevelButton2->setIcon(pictures::iconOf(pictures::help()));
     applyDesignFonts();
@@ -165,14 +172,15 @@ void WindowMain::showSettings() {
 }
 
 void WindowMain::Event_Open() {
-    App* app = App::instance();
     // The window takes any file and any folder; whether an item is a picture is settled only
     // when it is opened.
     setAcceptDrops(true);
-    ui_->resizedWidth->setText(Str(app->lastSize));
+    ui_->resizedWidth->setText(Str(preferences_.lastSize));
     // The sheet does not hold up the rest of the opening.
-    if (app->openPrefs == kYes) sharedInstance<WindowPreferences>()->ShowWithin(this);
-    ui_->galleryHTMLtitle->setText(app->shortName + QStringLiteral("'s photo gallery"));
+    if (preferences_.openPrefs == kYes)
+        sharedInstance<WindowPreferences>(preferences_)->ShowWithin(this);
+    const QString userName = QFileInfo(SpecialFolder::UserHome()).fileName();
+    ui_->galleryHTMLtitle->setText(userName + QStringLiteral("'s photo gallery"));
 }
 
 ImageCanvas* WindowMain::imageCanvas() const {
@@ -188,7 +196,7 @@ void WindowMain::fillColourPopups() {
 }
 
 void WindowMain::installMenus() {
-    MainMenuBar& menus = App::instance()->menuBar();
+    MainMenuBar& menus = menus_;
     menuBar()->addMenu(menus.FileMenu);
     menuBar()->addMenu(menus.EditMenu);
     // The items kept out of the File menu still answer their shortcuts while this window is
@@ -205,7 +213,7 @@ void WindowMain::installMenus() {
 }
 
 void WindowMain::enableMenuItems() {
-    MainMenuBar& menus = App::instance()->menuBar();
+    MainMenuBar& menus = menus_;
     const ImageCatalogue& images = gallery_.images();
     menus.Save->setEnabled(images.ListCount() > 0);
     menus.Rename->setEnabled(images.ListCount() > 0);
@@ -225,14 +233,8 @@ void WindowMain::showSelectedImage() {
     const ImageCatalogue& images = gallery_.images();
     const int row = images.ListIndex();
     if (row < 0) return;
-    App* app = App::instance();
-    app->opf = images.Cell(row, 2);
-    // A row that intake has just added was opened a moment ago: reading the file's header again
-    // would double the file reads of the walk.
-    const PicturePtr& justOpened = gallery_.pictureBeingAdded();
-    app->op = justOpened && justOpened->path() == app->opf ? justOpened : Picture::open(app->opf);
+    ui_->ImageCanvas->showImage(images.Cell(row, 2));
     ui_->imgCaption->setText(images.Cell(row, CatalogueRow::kCaptionCell));
-    ui_->ImageCanvas->Invalidate();
 }
 
 void WindowMain::storeCaption(const QString& text) {
@@ -310,8 +312,7 @@ void WindowMain::clearList() {
         return;
     gallery_.clear();
     infotext::show(ui_->info, infotext::start());
-    App::instance()->opf.clear();
-    ui_->ImageCanvas->Invalidate();
+    ui_->ImageCanvas->showImage({});
 }
 
 void WindowMain::removeSelectedImages() {
@@ -331,8 +332,7 @@ void WindowMain::removeSelectedImages() {
     gallery_.removeSelectedImages();
     // After the selection the removal made: the preview shows no image until the user selects
     // one.
-    App::instance()->opf.clear();
-    ui_->ImageCanvas->Invalidate();
+    ui_->ImageCanvas->showImage({});
 }
 
 void WindowMain::writePage() {
@@ -368,12 +368,13 @@ void WindowMain::resizeEvent(QResizeEvent* event) {
 
 void WindowMain::Event_Resizing() {
     // The size of the area below the menu bar, where the controls are.
-    App::instance()->mainWinWidth = width();
-    App::instance()->mainWinHeight = height() - ui_->centralwidget->y();
+    preferences_.mainWinWidth = width();
+    preferences_.mainWinHeight = height() - ui_->centralwidget->y();
 }
 
 void WindowMain::Event_Resized() {
-    if (App::instance()->op == pictures::hubble()) infotext::show(ui_->info, infotext::start());
+    if (ui_->ImageCanvas->picture() == pictures::hubble())
+        infotext::show(ui_->info, infotext::start());
 }
 
 void WindowMain::closeEvent(QCloseEvent* event) {

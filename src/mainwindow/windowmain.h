@@ -7,6 +7,8 @@
 
 class Gallery;
 class ImageCanvas;
+class MainMenuBar;
+class Preferences;
 class QMimeData;
 
 namespace Ui {
@@ -20,7 +22,8 @@ class WindowMain;
 class WindowMain : public QMainWindow, public GalleryQuestions {
     Q_OBJECT
 public:
-    explicit WindowMain(Gallery& gallery, QWidget* parent = nullptr);
+    WindowMain(Gallery& gallery, Preferences& preferences, MainMenuBar& menus,
+               QWidget* parent = nullptr);
     ~WindowMain() override;
 
     // Fills the fields that depend on the application's settings; runs once, before showing.
@@ -71,6 +74,8 @@ private:
     void showListProgress();
 
     Gallery& gallery_;
+    Preferences& preferences_;
+    MainMenuBar& menus_;
     std::unique_ptr<Ui::WindowMain> ui_;
     // Set while the fields show the gallery's settings, which are then not stored back.
     bool showingSettings_ = false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <utility>
 
 // Each window class has one shared instance, reached through the class: naming it gives the
 // window that exists and otherwise creates it. Windows that close delete themselves
@@ -11,10 +12,11 @@ QPointer<Window>& sharedInstanceSlot() {
     return slot;
 }
 
-template <class Window>
-Window* sharedInstance() {
+// A window made anew is given `arguments`, its collaborators.
+template <class Window, class... Arguments>
+Window* sharedInstance(Arguments&&... arguments) {
     QPointer<Window>& slot = sharedInstanceSlot<Window>();
-    if (!slot) slot = new Window;
+    if (!slot) slot = new Window(std::forward<Arguments>(arguments)...);
     return slot;
 }
 

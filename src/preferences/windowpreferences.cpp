@@ -1,14 +1,12 @@
 #include "preferences/windowpreferences.h"
 
-#include "app/app.h"
-#include "mainwindow/windowmain.h"
 #include "platform/designfonts.h"
 #include "platform/dialogs.h"
 #include "platform/narrowtofit.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
+#include "preferences/preferences.h"
 #include "preferences/ui_windowpreferences.h"
-#include "preview/imagecanvas.h"
 
 namespace {
 
@@ -44,8 +42,8 @@ void connectArray(const QList<QRadioButton*>& array, QObject* receiver, Handler 
 
 }  // namespace
 
-WindowPreferences::WindowPreferences(QWidget* parent)
-    : SheetWindow(parent), ui(new Ui::WindowPreferences) {
+WindowPreferences::WindowPreferences(Preferences& preferences, QWidget* parent)
+    : SheetWindow(parent), preferences_(preferences), ui(new Ui::WindowPreferences) {
     ui->setupUi(this);
     useDesignFontSizes(this);
     narrowToFit(ui->Label1);
@@ -78,18 +76,18 @@ void WindowPreferences::escapePressed() {
 }
 
 void WindowPreferences::Event_Open() {
-    const App* app = App::instance();
-    if (kSavePaths.contains(app->savePath))
-        savePathButton[kSavePaths.indexOf(app->savePath)]->setChecked(true);
-    if (kImageFormats.contains(app->imageFormat))
-        saveImageFormat[kImageFormats.indexOf(app->imageFormat)]->setChecked(true);
+    if (kSavePaths.contains(preferences_.savePath))
+        savePathButton[kSavePaths.indexOf(preferences_.savePath)]->setChecked(true);
+    if (kImageFormats.contains(preferences_.imageFormat))
+        saveImageFormat[kImageFormats.indexOf(preferences_.imageFormat)]->setChecked(true);
     for (int row = 0; row < kQualityRows; ++row)
-        if (kQualityOfRow[row] == app->imageQuality) ui->PopupMenuQuality->setCurrentIndex(row);
-    ui->CheckBoxPrefs->setChecked(app->openPrefs == QStringLiteral("yes"));
-    RadioButtonFrame[app->frameWidth != 0 ? 1 : 0]->setChecked(true);
-    setFillColor(ui->RectangleFrame, app->bordColor);
-    setHeight(ui->RectangleFrame, app->frameWidth);
-    ui->SliderFrameWidth->setValue(app->frameWidth);
+        if (kQualityOfRow[row] == preferences_.imageQuality)
+            ui->PopupMenuQuality->setCurrentIndex(row);
+    ui->CheckBoxPrefs->setChecked(preferences_.openPrefs == QStringLiteral("yes"));
+    RadioButtonFrame[preferences_.frameWidth != 0 ? 1 : 0]->setChecked(true);
+    setFillColor(ui->RectangleFrame, preferences_.bordColor);
+    setHeight(ui->RectangleFrame, preferences_.frameWidth);
+    ui->SliderFrameWidth->setValue(preferences_.frameWidth);
 }
 
 void WindowPreferences::PushButton1_Action() {
@@ -97,25 +95,24 @@ void WindowPreferences::PushButton1_Action() {
 }
 
 void WindowPreferences::PushButton2_Action() {
-    App* app = App::instance();
     for (int index = 0; index < savePathButton.size(); ++index)
         if (savePathButton[index]->isChecked()) {
-            app->savePath = kSavePaths[index];
+            preferences_.savePath = kSavePaths[index];
             break;
         }
     for (int index = 0; index < saveImageFormat.size(); ++index)
         if (saveImageFormat[index]->isChecked()) {
-            app->imageFormat = kImageFormats[index];
+            preferences_.imageFormat = kImageFormats[index];
             break;
         }
     // Recorded for either format, also while the popup is disabled.
     const int row = ui->PopupMenuQuality->currentIndex();
-    if (row >= 0 && row < kQualityRows) app->imageQuality = kQualityOfRow[row];
-    app->openPrefs = ui->CheckBoxPrefs->isChecked() ? QStringLiteral("yes") : QStringLiteral("no");
-    app->frameWidth = RadioButtonFrame[0]->isChecked() ? 0 : ui->SliderFrameWidth->value();
-    app->bordColor = fillColor(ui->RectangleFrame);
-    if (WindowMain* main = app->windowMain())
-        if (ImageCanvas* canvas = main->imageCanvas()) canvas->Invalidate();
+    if (row >= 0 && row < kQualityRows) preferences_.imageQuality = kQualityOfRow[row];
+    preferences_.openPrefs =
+        ui->CheckBoxPrefs->isChecked() ? QStringLiteral("yes") : QStringLiteral("no");
+    preferences_.frameWidth = RadioButtonFrame[0]->isChecked() ? 0 : ui->SliderFrameWidth->value();
+    preferences_.bordColor = fillColor(ui->RectangleFrame);
+    emit preferences_.previewFrameChanged();
     close();
 }
 

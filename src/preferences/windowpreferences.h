@@ -5,17 +5,18 @@
 
 #include "auxwindows/dialogwindow.h"
 
+class Preferences;
 class QRadioButton;
 namespace Ui {
 class WindowPreferences;
 }
 
-// The sheet that shows the settings of App and lets the user change them. It works on a copy:
-// its controls change only each other, and App changes only when "OK" is pressed.
+// The sheet that shows the preferences and lets the user change them. It works on a copy: its
+// controls change only each other, and the preferences change only when "OK" is pressed.
 class WindowPreferences : public SheetWindow {
     Q_OBJECT
 public:
-    explicit WindowPreferences(QWidget* parent = nullptr);
+    explicit WindowPreferences(Preferences& preferences, QWidget* parent = nullptr);
     ~WindowPreferences() override;
 
 protected:
@@ -23,7 +24,7 @@ protected:
     void escapePressed() override;
 
 private:
-    // Fills the controls from App, through their handlers.
+    // Fills the controls from the preferences, through their handlers.
     void Event_Open();
 
     void PushButton1_Action();
@@ -39,5 +40,6 @@ private:
     QList<QRadioButton*> saveImageFormat;
     QList<QRadioButton*> RadioButtonFrame;
 
+    Preferences& preferences_;
     std::unique_ptr<Ui::WindowPreferences> ui;
 };

@@ -5,15 +5,22 @@
 #include <QPainter>
 #include <QRadioButton>
 
-#include "app/app.h"
 #include "platform/text.h"
+#include "preferences/preferences.h"
 #include "preview/infotext.h"
 #include "resources/namedpictures.h"
 
 ImageCanvas::ImageCanvas(QWidget* parent) : QWidget(parent) {}
 
-void ImageCanvas::bind(const Controls& controls) {
+void ImageCanvas::bind(const Controls& controls, const Preferences& preferences) {
     controls_ = controls;
+    preferences_ = &preferences;
+    connect(&preferences, &Preferences::previewFrameChanged, this, &ImageCanvas::Invalidate);
+}
+
+void ImageCanvas::showImage(const QString& path) {
+    path_ = path;
+    Invalidate();
 }
 
 void ImageCanvas::Invalidate() {
@@ -32,16 +39,16 @@ void ImageCanvas::layOut() {
     layoutPending_ = false;
     if (!controls_.resizedWidth) return;  // not bound to a window yet
 
-    App* app = App::instance();
-    app->op = app->opf.isEmpty() ? pictures::hubble() : Picture::open(app->opf);
+    picture_ = path_.isEmpty() ? pictures::hubble() : Picture::open(path_);
     PreviewGeometry geometry;
     QImage picture;
     QRectF at;
     const qreal ratio = devicePixelRatioF();
     QSize device;
-    if (app->op) {
-        geometry = previewGeometry(app->op->size(), controls_.RadioButtonWidth->isChecked(),
-                                   text::Val(controls_.resizedWidth->text()), app->frameWidth);
+    if (picture_) {
+        geometry =
+            previewGeometry(picture_->size(), controls_.RadioButtonWidth->isChecked(),
+                            text::Val(controls_.resizedWidth->text()), preferences_->frameWidth);
         // Even with no room left inside the frame, a file that cannot be decoded is no picture.
         const QRect inner = geometry.inner.isEmpty() ? QRect(0, 0, 1, 1) : geometry.inner;
         device = (QSizeF(inner.size()) * ratio).toSize();
@@ -55,16 +62,16 @@ void ImageCanvas::layOut() {
                 .toAlignedRect() &
             QRect(QPoint(0, 0), device);
         if (part.isEmpty()) part = QRect(0, 0, 1, 1);  // none of it shows
-        picture = decoded_.at(*app->op, device, part.size() == device ? QRect() : part);
+        picture = decoded_.at(*picture_, device, part.size() == device ? QRect() : part);
         if (!geometry.inner.isEmpty())
             at = QRectF(inner.x() + part.x() / across, inner.y() + part.y() / down,
                         part.width() / across, part.height() / down);
     }
     if (picture.isNull()) {
         // The placeholder then shows, and the info line says why.
-        if (app->op && app->op->tooLargeToDecode(device))
-            infotext::show(controls_.info, infotext::tooLarge(app->op->size()));
-        app->op = nullptr;
+        if (picture_ && picture_->tooLargeToDecode(device))
+            infotext::show(controls_.info, infotext::tooLarge(picture_->size()));
+        picture_ = nullptr;
         shown_.reset();  // the backdrop shows at the canvas's last size
         update();
         return;
@@ -72,13 +79,13 @@ void ImageCanvas::layOut() {
 
     showGuideLine(geometry);
     resize(geometry.previewWidth, geometry.previewHeight);
-    const FramedPreview preview(app->op, geometry, app->bordColor);
+    const FramedPreview preview(picture_, geometry, preferences_->bordColor);
     shown_ = Shown{preview, picture, at, ratio};
-    app->opSmall = preview;
+    framed_ = preview;
     update();
 
     infotext::show(controls_.info,
-                   app->op == pictures::hubble() ? infotext::start() : infotext::ready());
+                   picture_ == pictures::hubble() ? infotext::start() : infotext::ready());
 }
 
 QRect ImageCanvas::visibleArea(QSize size) const {

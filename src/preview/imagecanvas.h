@@ -9,15 +9,16 @@
 #include "preview/framedpreview.h"
 #include "preview/previewgeometry.h"
 
+class Preferences;
 class QLabel;
 class QLineEdit;
 class QRadioButton;
 
 // The preview of the selected image. Each Invalidate() leads to one layout step that loads the
-// picture of App.opf (hubble when none is selected), sizes the preview from the size field and
-// the mode, shows the guide line of the mode, resizes the canvas to the preview, keeps the framed
-// preview in App.opSmall and writes the info line; the paint that follows only draws. A file
-// that cannot be decoded leaves App.op Nil and changes nothing else: the canvas then shows its
+// picture of the image shown (the placeholder when none is), sizes the preview from the size
+// field and the mode, shows the guide line of the mode, resizes the canvas to the preview, keeps
+// the framed preview and writes the info line; the paint that follows only draws. A file that
+// cannot be decoded leaves no picture and changes nothing else: the canvas then shows its
 // backdrop at its last size.
 //
 // The picture is decoded at the device pixels of the screen the canvas is on, and only the part
@@ -35,10 +36,19 @@ public:
     };
 
     explicit ImageCanvas(QWidget* parent = nullptr);
-    void bind(const Controls& controls);
+    // The controls, and the preferences that give the frame.
+    void bind(const Controls& controls, const Preferences& preferences);
     // Asks for a new layout step and repaint at the next turn of the event loop; several calls
     // before then make one step.
     void Invalidate();
+
+    // Previews the image at `path`; an empty path shows the placeholder.
+    void showImage(const QString& path);
+    const QString& imagePath() const { return path_; }
+    // The picture on show: the placeholder's while no image is shown, none after a file that
+    // could not be decoded.
+    const PicturePtr& picture() const { return picture_; }
+    const FramedPreview& framedPreview() const { return framed_; }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -60,6 +70,10 @@ private:
     QRect visibleArea(QSize size) const;
 
     Controls controls_;
+    const Preferences* preferences_ = nullptr;
+    QString path_;
+    PicturePtr picture_;
+    FramedPreview framed_;
     DecodedPreviews decoded_;
     // Empty before the first layout and after a picture that could not be loaded.
     std::optional<Shown> shown_;

@@ -4,13 +4,13 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "app/app.h"
 #include "platform/slider.h"
 #include "platform/text.h"
+#include "preferences/preferences.h"
 #include "preview/imagecanvas.h"
 
-SizeControls::SizeControls(const Controls& controls, QObject* parent)
-    : QObject(parent), controls_(controls) {
+SizeControls::SizeControls(const Controls& controls, Preferences& preferences, QObject* parent)
+    : QObject(parent), controls_(controls), preferences_(preferences) {
     controls_.resizedWidth->installEventFilter(this);
     connect(controls_.resizedWidth, &QLineEdit::textChanged, this,
             &SizeControls::resizedWidth_TextChange);
@@ -48,14 +48,14 @@ void SizeControls::resizedWidth_TextChange() {
 
 void SizeControls::resizedWidth_LostFocus() {
     applyClampRule();
-    App::instance()->lastSize = fieldNumber();
+    preferences_.lastSize = fieldNumber();
     // Text changes have already asked the canvas for a new preview.
-    controls_.SliderSize->setValue(App::instance()->lastSize);
+    controls_.SliderSize->setValue(preferences_.lastSize);
 }
 
 void SizeControls::SliderSize_ValueChanged() {
     controls_.resizedWidth->setText(text::Str(controls_.SliderSize->value()));
-    App::instance()->lastSize = controls_.SliderSize->value();
+    preferences_.lastSize = controls_.SliderSize->value();
 }
 
 void SizeControls::RadioButtonWidth_Action() {

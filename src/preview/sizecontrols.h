@@ -3,13 +3,14 @@
 #include <QObject>
 
 class ImageCanvas;
+class Preferences;
 class QLineEdit;
 class QRadioButton;
 class Slider;
 
-// The handlers of the main window's size controls. The field, the slider and App.lastSize are
-// three copies of the wanted preview size; the radio buttons say whether it is a width or a
-// height. Every change asks the canvas for a new preview.
+// The handlers of the main window's size controls. The field, the slider and the preferences'
+// last size are three copies of the wanted preview size; the radio buttons say whether it is a
+// width or a height. Every change asks the canvas for a new preview.
 class SizeControls : public QObject {
     Q_OBJECT
 public:
@@ -21,7 +22,7 @@ public:
         ::ImageCanvas* canvas = nullptr;
     };
 
-    SizeControls(const Controls& controls, QObject* parent = nullptr);
+    SizeControls(const Controls& controls, Preferences& preferences, QObject* parent = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,4 +41,5 @@ private:
     int fieldNumber() const;
 
     Controls controls_;
+    Preferences& preferences_;
 };

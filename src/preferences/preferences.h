@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+
+// The settings that the preferences window shows and changes and the preference file keeps, and
+// the wanted preview size and window size that the main window keeps there too.
+class Preferences : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    QString imageFormat;
+    int imageQuality = 0;
+    QString savePath;
+    int lastSize = 0;
+    QString openPrefs;
+    int frameWidth = 0;
+    QColor bordColor = QColor(255, 255, 255);
+    int brightness = 0;
+    int mainWinHeight = 0;
+    int mainWinWidth = 0;
+
+signals:
+    // The frame drawn around previews changed: they are to be drawn anew.
+    void previewFrameChanged();
+};
