@@ -1,7 +1,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 
-#include "catalogue/filetypes.h"
+#include "catalogue/imagetypes.h"
 #include "catalogue/imagecatalogue.h"
 #include "catalogue/stripextension.h"
 #include "platform/text.h"
@@ -38,7 +38,7 @@ private slots:
         const Pairs types = {{".JPEG", "image/jpeg"}, {"pict", "image/x-macpict"}, {"webp", ""}};
         for (const auto& [name, listName] : names) QCOMPARE(stripExtension(name), listName);
         for (const auto& [extension, type] : types)
-            QCOMPARE(fileTypes::typeOfExtension(extension), type);
+            QCOMPARE(imageTypeOfExtension(extension), type);
     }
 
     // Each update counts the rows and selects the row added last. The caption is no column of

@@ -10,7 +10,6 @@
 #include <iostream>
 
 #include "app/identity.h"
-#include "catalogue/filetypes.h"
 #include "mainwindow/mainmenubar.h"
 #include "mainwindow/windowmain.h"
 #include "platform/dialogs.h"
@@ -19,17 +18,9 @@
 #include "platform/text.h"
 #include "resources/namedpictures.h"
 
-namespace {
-// Qt wants the file type set before the application object exists, as the start order has it.
-int& initialiseFileTypes(int& argc) {
-    fileTypes::initialise();
-    return argc;
-}
-}  // namespace
-
-App::App(int& argc, char** argv) : QApplication(initialiseFileTypes(argc), argv) {
+App::App(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("Velmora"));
-    setApplicationVersion(QStringLiteral("2.1"));
+    setApplicationVersion(QStringLiteral(VELMORA_VERSION));
     // Task bars and Wayland find the desktop entry, and with it the icon, by this name.
     setDesktopFileName(QStringLiteral(VELMORA_APPLICATION_ID));
     setWindowIcon(pictures::iconOf(pictures::pebble512()));

@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <optional>
 
-#include "catalogue/filetypes.h"
+#include "catalogue/imagetypes.h"
 #include "catalogue/folderitems.h"
 #include "catalogue/stripextension.h"
 #include "gallery/galleryquestions.h"
@@ -54,7 +54,7 @@ void Gallery::addImagesOf(const QString& folder) {
             const int row = images_.LastIndex();
             images_.setCell(row, 1, name);
             images_.setCell(row, 2, QDir::toNativeSeparators(item.absoluteFilePath()));
-            images_.setCell(row, 3, fileTypes::typeOfExtension(item.suffix()));
+            images_.setCell(row, 3, imageTypeOfExtension(item.suffix()));
             images_.setCell(row, 4, text::Str(picture->width()));
             images_.setCell(row, 5, text::Str(picture->height()));
         }

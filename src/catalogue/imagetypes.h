@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+// The type the list shows for a file, by its extension (compared without case; a leading dot is
+// passed over): the name of the first known type that lists it, such as "image/jpeg"; empty when
+// none does.
+QString imageTypeOfExtension(const QString& extension);
