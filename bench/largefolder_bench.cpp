@@ -126,7 +126,7 @@ QList<double> runSteps(const QString& folder, int count) {
     if (catalogue.SelCount() != count)
         std::printf("  (expected %d rows selected, got %d)\n", count, catalogue.SelCount());
 
-    TestEnvironment::dialogs().answers.enqueue(kAnswerYes);
+    TestEnvironment::dialogs().answers.enqueue(true);
     times[RemoveAll] = milliseconds([&] {
         window->findChild<QPushButton*>("clearBtn1")->click();
         QCoreApplication::processEvents();
@@ -145,7 +145,7 @@ double reopenDrop(const QString& folder, int count) {
     App::instance()->start();
     WindowMain* window = App::instance()->windowMain();
     QCoreApplication::processEvents();
-    TestEnvironment::dialogs().answers.enqueue(kAnswerYes);
+    TestEnvironment::dialogs().answers.enqueue(true);
     const double ms = milliseconds([&] {
         dropOn(window, {QUrl::fromLocalFile(folder)});
         QCoreApplication::processEvents();

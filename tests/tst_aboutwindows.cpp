@@ -213,7 +213,8 @@ private slots:
             QVERIFY(shown && shown->textFormat() == Qt::PlainText && shown->width() < 800);
             shown->accept();
         });
-        MsgBox("<font color=red size=7>Pay.html" + QString(300, 'x') + "\rFile name too long");
+        platform::tell("<font color=red size=7>Pay.html" + QString(300, 'x') +
+                       "\rFile name too long");
         platform::installDialogs(&TestEnvironment::dialogs());
         QVERIFY(shown);
     }

@@ -1,8 +1,8 @@
 #include <QMimeData>
 #include <QSignalSpy>
 
-#include "catalogue/imagetypes.h"
 #include "catalogue/imagecatalogue.h"
+#include "catalogue/imagetypes.h"
 #include "catalogue/stripextension.h"
 #include "platform/text.h"
 #include "support/testenvironment.h"
@@ -37,8 +37,7 @@ private slots:
             {"photo.Jpg", "photo"}, {"x.jpeg.bak", "x.jpeg.bak"}, {"s.jpe", "s.jpe"}};
         const Pairs types = {{".JPEG", "image/jpeg"}, {"pict", "image/x-macpict"}, {"webp", ""}};
         for (const auto& [name, listName] : names) QCOMPARE(stripExtension(name), listName);
-        for (const auto& [extension, type] : types)
-            QCOMPARE(imageTypeOfExtension(extension), type);
+        for (const auto& [extension, type] : types) QCOMPARE(imageTypeOfExtension(extension), type);
     }
 
     // Each update counts the rows and selects the row added last. The caption is no column of

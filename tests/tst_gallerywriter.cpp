@@ -12,6 +12,9 @@
 
 namespace {
 
+// How the question about replacing is answered, where it is asked.
+constexpr int kYes = 1, kNo = 2;
+
 // A page file on a full disk: its writes take nothing or, as some full disks do, report success
 // for bytes that never arrive.
 struct FullDiskPageFile : QFile {
@@ -77,10 +80,10 @@ private slots:
         const QString ours = "our page", page = "index.html", plain = "must be a plain file name";
         QTest::newRow("new page") << "nothing" << page << 0 << "";
         QTest::newRow("our earlier page") << ours << page << 0 << "";
-        QTest::newRow("hand-made page, No") << "hand-made page" << page << kAnswerNo << "";
-        QTest::newRow("hand-made page, Yes") << "hand-made page" << page << kAnswerYes << "";
+        QTest::newRow("hand-made page, No") << "hand-made page" << page << kNo << "";
+        QTest::newRow("hand-made page, Yes") << "hand-made page" << page << kYes << "";
         QTest::newRow("link swapped in while asked")
-            << "hand-made page, then a link" << page << kAnswerYes << "is a link";
+            << "hand-made page, then a link" << page << kYes << "is a link";
         QTest::newRow("link swapped in before the write")
             << "our page, then a link" << page << 0 << "";
         QTest::newRow("link out") << "link to ../outside.html" << page << 0
@@ -139,7 +142,7 @@ private slots:
             settings.galleryPath =
                 situation == "no folder" ? "Please add the image's folder..." : folder + "/a.png/";
         }
-        const bool written = told.isEmpty() && answer != kAnswerNo;
+        const bool written = told.isEmpty() && answer != kNo;
         QMap<QString, QByteArray> expected = filesUnder(root.path());
         if (written) expected[page] = pageBytes(gallery);
 
@@ -152,7 +155,7 @@ private slots:
         const auto mayReplace = [&](const QString& name) {
             asked << name;
             if (situation.endsWith("then a link")) linkOut();  // while the user is asked
-            return answer == kAnswerYes;
+            return answer == kYes;
         };
         const PageWriteResult result =
             saveGalleryPage(settings, "1 image", rowsOf(gallery), makeFile, mayReplace);

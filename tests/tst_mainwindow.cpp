@@ -29,6 +29,8 @@
 #include "support/testpictures.h"
 
 namespace {
+// How a question is answered, where one is asked.
+enum Answer { kNotAsked, kYes, kNo };
 const QString kAsked = QStringLiteral(
     "This folder already has the gallery page \"trip.html\". Restore its captions, order and "
     "settings?");
@@ -274,10 +276,8 @@ private slots:
             QCOMPARE(dialogs.beeps, question.isEmpty() ? 1 : 0);
             QCOMPARE(dialogs.questions.size(), question.isEmpty() ? 0 : 1);
             if (question.isEmpty()) continue;
-            QCOMPARE(dialogs.questions.first().text, question);
-            QVERIFY(dialogs.questions.first().buttons == 36 &&
-                    dialogs.questions.first().title.isEmpty());
-            dialogs.answers.enqueue(kAnswerYes);
+            QCOMPARE(dialogs.questions.first(), question);
+            dialogs.answers.enqueue(true);
             control<QAbstractButton>(button)->click();
             QCOMPARE((rows() << control<QLabel>("imgCount")->text()).join(' '), kept);
             QVERIFY(window->imageCanvas()->imagePath().isEmpty() &&
@@ -363,35 +363,34 @@ private slots:
             if (auto* field = qobject_cast<QLineEdit*>(target)) QVERIFY(!field->isUndoAvailable());
         }
     }
-    // Each case: how the items come in, the answer to the question (0: none is expected) and the
+    // Each case: how the items come in, the answer to the question (if one is expected) and the
     // rows; no rows: the item is refused with a word.
     void aFolderOnAnEmptyListOffersItsPage() {
         const QStringList z = {"z.png|"};
         const std::tuple<const char*, QString, int, QStringList> cases[] = {
-            {"drop", "Trip", kAnswerYes, kRestored},
-            {"drop", "Trip", kAnswerNo, kPlain},
-            {"drop", "Trip/trip.html", 0, kRestored},
-            {"drop", "Foreign Trip", 0, z + kPlain},  // a filled list
-            {"drop", "Foreign", 0, z},                // another program's page
-            {"drop", "Foreign Foreign", 0, z + z},
-            {"argument", "Trip", kAnswerYes, kRestored},
-            {"argument", "Trip/", kAnswerNo, kPlain},
-            {"argument", "gone", 0, {}},
-            {"argument", kLatin1, 0, z},
-            {"event", "Trip", kAnswerNo, kPlain},
-            {"event", "Trip/a.png", 0, {}},
-            {"Ctrl+O", "Trip", kAnswerYes, kRestored},
+            {"drop", "Trip", kYes, kRestored},
+            {"drop", "Trip", kNo, kPlain},
+            {"drop", "Trip/trip.html", kNotAsked, kRestored},
+            {"drop", "Foreign Trip", kNotAsked, z + kPlain},  // a filled list
+            {"drop", "Foreign", kNotAsked, z},                // another program's page
+            {"drop", "Foreign Foreign", kNotAsked, z + z},
+            {"argument", "Trip", kYes, kRestored},
+            {"argument", "Trip/", kNo, kPlain},
+            {"argument", "gone", kNotAsked, {}},
+            {"argument", kLatin1, kNotAsked, z},
+            {"event", "Trip", kNo, kPlain},
+            {"event", "Trip/a.png", kNotAsked, {}},
+            {"Ctrl+O", "Trip", kYes, kRestored},
         };
         CapturedErrors quiet;  // a second folder ends the run
         QCOMPARE(readCommandLine({"velmora", "Trip", "more"}).exitCode, 1);
         for (const auto& [road, items, answer, expected] : cases) {
             init();
-            if (answer) dialogs.answers.enqueue(answer);
+            dialogs.answers.enqueue(answer == kYes);
             CapturedErrors errors;
             for (const QString& item : items.split(' ')) hand(road, item);
             QCOMPARE(dialogs.questions.size(), answer ? 1 : 0);
-            QVERIFY(!answer ||
-                    (dialogs.questions[0].text == kAsked && dialogs.questions[0].buttons == 36));
+            QVERIFY(!answer || dialogs.questions[0] == kAsked);
             QCOMPARE(rows(), expected);
             QVERIFY(dialogs.messages.isEmpty());
             const QString error = QString::fromStdString(errors.text.str());
@@ -409,13 +408,12 @@ private slots:
     // Another program's page is replaced only when the user agrees; a page not written says why.
     void writingAsksBeforeReplacingAnotherPageAndTellsWhyNot() {
         hand("drop", "Foreign");
-        dialogs.answers.enqueue(kAnswerNo);
         menus.Save->trigger();
         control<QLineEdit>("galleryFileName")->setText("../x.html");
         menus.Save->trigger();
         QCOMPARE(dialogs.questions.size(), 1);
-        QCOMPARE(QString::number(dialogs.questions[0].buttons) + " " + dialogs.questions[0].text,
-                 "36 index.html already exists and was not written by Velmora. Replace it?");
+        QCOMPARE(dialogs.questions[0],
+                 "index.html already exists and was not written by Velmora. Replace it?");
         QCOMPARE(dialogs.messages.size(), 1);
         QVERIFY(dialogs.messages[0].startsWith(
             "The gallery page could not be written.\rThe page name must be a plain file name"));
@@ -436,9 +434,9 @@ private slots:
         GalleryPage older = page;
         older.settings.galleryTitle = "An older page";
         writeFile(later + "/older.htm", pageBytes(older), 60);
-        dialogs.answers.enqueue(kAnswerYes);
+        dialogs.answers.enqueue(true);
         hand("drop", "Later");
-        QCOMPARE(dialogs.questions.first().text, kAsked);
+        QCOMPARE(dialogs.questions.first(), kAsked);
         QCOMPARE(rows(), QStringList({"c.jpg|Cliffs", "b.png|", "cafe\u0301.png|Terrace", "0.png|",
                                       "e.png|"}));
         page.settings.captionColor = "White";  // left as it was

@@ -125,7 +125,7 @@ private:
 
     // The gallery starts from an empty list; "Clear all" asks first, and the tour answers Yes.
     void clearList() {
-        TestEnvironment::dialogs().answers.enqueue(kAnswerYes);
+        TestEnvironment::dialogs().answers.enqueue(true);
         control<QPushButton>(main_, "clearBtn")->click();
         if (App::instance()->gallery().images().ListCount() != 0)
             throw std::runtime_error("the list stayed full");

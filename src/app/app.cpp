@@ -92,7 +92,7 @@ void App::Event_Close() {
 bool App::_Save_Action(int) {
     // The shortcut can fire while the menu's enabling is stale: never write without rows.
     if (!windowMain_ || gallery_.images().ListCount() == 0) {
-        Beep();
+        platform::beep();
         return true;
     }
     windowMain_->writePage();
@@ -106,7 +106,7 @@ bool App::_RestoreNames_Action() {
 
 bool App::_OpenFolder_Action() {
     // The chosen folder takes the road of a dropped one.
-    const QString folder = SelectFolder();
+    const QString folder = platform::chooseFolder();
     if (windowMain_ && !folder.isEmpty()) gallery_.openFolder(folder);
     return true;
 }
@@ -115,10 +115,10 @@ bool App::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
-        MsgBox("Velmora ran into an unexpected error and carried on." + text::Chr(13) +
-               QString::fromLocal8Bit(error.what()));
+        platform::tell("Velmora ran into an unexpected error and carried on." + text::Chr(13) +
+                       QString::fromLocal8Bit(error.what()));
     } catch (...) {
-        MsgBox(QStringLiteral("Velmora ran into an unexpected error and carried on."));
+        platform::tell(QStringLiteral("Velmora ran into an unexpected error and carried on."));
     }
     return false;
 }

@@ -27,8 +27,8 @@ WindowAbout::WindowAbout(QWidget* parent) : DialogWindow(parent), ui(new Ui::Win
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     showInImageWell(ui->ImageWell1, pictures::pebble512());
     ui->BevelButton1->setIcon(pictures::iconOf(pictures::paypal()));
-    ui->Label3->setText(QStringLiteral("v.") + QCoreApplication::applicationVersion() + QStringLiteral(" - ") + owner::maker +
-                        QStringLiteral(" - December 2020"));
+    ui->Label3->setText(QStringLiteral("v.") + QCoreApplication::applicationVersion() +
+                        QStringLiteral(" - ") + owner::maker + QStringLiteral(" - December 2020"));
     ui->Label4->setText(owner::webAddress);
     ui->AboutDescription3->setText(owner::dedication + QStringLiteral("\n"));
     for (QLabel* label : findChildren<QLabel*>())

@@ -4,8 +4,8 @@
 #include <QFileInfo>
 #include <optional>
 
-#include "catalogue/imagetypes.h"
 #include "catalogue/folderitems.h"
+#include "catalogue/imagetypes.h"
 #include "catalogue/stripextension.h"
 #include "gallery/galleryquestions.h"
 #include "gallery/pagerestore.h"

@@ -33,7 +33,6 @@
 #include "resources/namedpictures.h"
 
 using text::Chr;
-using text::EndOfLine;
 using text::Str;
 
 namespace {
@@ -278,19 +277,20 @@ bool WindowMain::restorePage(const QString& pageFileName) {
     const QString question = QStringLiteral("This folder already has the gallery page \"") +
                              pageFileName +
                              QStringLiteral("\". Restore its captions, order and settings?");
-    return MsgBox(question, 36, QString()) == kAnswerYes;
+    return platform::askYesOrNo(question);
 }
 
 bool WindowMain::replaceOtherPage(const QString& pageFileName) {
-    return MsgBox(pageFileName + " already exists and was not written by Velmora. Replace it?", 36,
-                  QString()) == kAnswerYes;
+    return platform::askYesOrNo(pageFileName +
+                                " already exists and was not written by Velmora. Replace it?");
 }
 
 void WindowMain::imagesMissing(const QStringList& fileNames) {
     static constexpr int kNamesShown = 10;
-    MsgBox(Str(fileNames.size()) +
-           QStringLiteral(" images of the page are no longer in the folder.") + Chr(13) +
-           fileNames.first(std::min<qsizetype>(fileNames.size(), kNamesShown)).join(Chr(13)));
+    platform::tell(
+        Str(fileNames.size()) + QStringLiteral(" images of the page are no longer in the folder.") +
+        Chr(13) +
+        fileNames.first(std::min<qsizetype>(fileNames.size(), kNamesShown)).join(Chr(13)));
 }
 
 void WindowMain::showListProgress() {
@@ -303,12 +303,10 @@ void WindowMain::showListProgress() {
 
 void WindowMain::clearList() {
     if (gallery_.images().ListCount() == 0) {
-        Beep();
+        platform::beep();
         return;
     }
-    if (MsgBox(QStringLiteral("Clear") + EndOfLine + EndOfLine +
-                   QStringLiteral("Are you sure to clear the image's list?"),
-               36, QString()) != kAnswerYes)
+    if (!platform::askYesOrNo(QStringLiteral("Clear\n\nAre you sure to clear the image's list?")))
         return;
     gallery_.clear();
     infotext::show(ui_->info, infotext::start());
@@ -317,18 +315,19 @@ void WindowMain::clearList() {
 
 void WindowMain::removeSelectedImages() {
     if (gallery_.images().ListIndex() == -1) {
-        Beep();
+        platform::beep();
         return;
     }
     const int selected = gallery_.images().SelCount();
     const QString question =
-        selected == 1
-            ? QStringLiteral("Remove image/s") + EndOfLine + EndOfLine +
-                  QStringLiteral("Are you sure to remove from the list the selected image?")
-            : QStringLiteral("Clear") + EndOfLine + EndOfLine +
-                  QStringLiteral("Are you sure to remove the ") + Str(selected) +
-                  QStringLiteral(" selected images from the list?");
-    if (MsgBox(question, 36, QString()) != kAnswerYes) return;
+        selected == 1 ? QStringLiteral(
+                            "Remove image/s\n\nAre you sure to remove from the list the "
+                            "selected image?")
+                      : QStringLiteral(
+                            "Clear\n\nAre you sure to remove the %1 selected images from the "
+                            "list?")
+                            .arg(selected);
+    if (!platform::askYesOrNo(question)) return;
     gallery_.removeSelectedImages();
     // After the selection the removal made: the preview shows no image until the user selects
     // one.
@@ -340,7 +339,7 @@ void WindowMain::writePage() {
     if (result.ok)
         Launch(result.path);
     else if (!result.error.isEmpty())
-        MsgBox("The gallery page could not be written." + Chr(13) + result.error);
+        platform::tell("The gallery page could not be written." + Chr(13) + result.error);
 }
 
 void WindowMain::writePageIfListed() {
@@ -348,10 +347,11 @@ void WindowMain::writePageIfListed() {
         writePage();
         return;
     }
-    Beep();
-    MsgBox(QStringLiteral("Oooops...") + Chr(13) +
-           QStringLiteral("In order to create the page with the galley, you must first add the "
-                          "folder with the images you have carefully chosen."));
+    platform::beep();
+    platform::tell(
+        QStringLiteral("Oooops...") + Chr(13) +
+        QStringLiteral("In order to create the page with the galley, you must first add the "
+                       "folder with the images you have carefully chosen."));
 }
 
 void WindowMain::showHelp() {

@@ -53,40 +53,12 @@ void QtDialogs::message(const QString& text) {
     box.exec();
 }
 
-int QtDialogs::ask(const QString& text, int buttons, const QString& title) {
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-    switch (buttons & 0xF0) {
-        case 16:
-            icon = QMessageBox::Critical;
-            break;
-        case 32:
-            icon = QMessageBox::Question;
-            break;
-        case 48:
-            icon = QMessageBox::Warning;
-            break;
-        case 64:
-            icon = QMessageBox::Information;
-            break;
-        default:
-            break;
-    }
-    QMessageBox box(icon, title, displayText(text), QMessageBox::NoButton, dialogParent());
+bool QtDialogs::askYesOrNo(const QString& question) {
+    QMessageBox box(QMessageBox::Question, QString(), displayText(question),
+                    QMessageBox::Yes | QMessageBox::No, dialogParent());
+    box.setDefaultButton(QMessageBox::Yes);
     showAsPlainText(box);
-    if ((buttons & 0x0F) == 4) {
-        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        box.setDefaultButton(QMessageBox::Yes);
-    } else {
-        box.setStandardButtons(QMessageBox::Ok);
-    }
-    switch (box.exec()) {
-        case QMessageBox::Yes:
-            return kAnswerYes;
-        case QMessageBox::No:
-            return kAnswerNo;
-        default:
-            return 1;
-    }
+    return box.exec() == QMessageBox::Yes;
 }
 
 void QtDialogs::beep() {
@@ -119,22 +91,26 @@ void installDialogs(Dialogs* replacement) {
 
 }  // namespace platform
 
-void MsgBox(const QString& text) {
-    platform::dialogs().message(text);
+namespace platform {
+
+void tell(const QString& text) {
+    dialogs().message(text);
 }
 
-int MsgBox(const QString& text, int buttons, const QString& title) {
-    return platform::dialogs().ask(text, buttons, title);
+bool askYesOrNo(const QString& question) {
+    return dialogs().askYesOrNo(question);
 }
 
-void Beep() {
-    platform::dialogs().beep();
+void beep() {
+    dialogs().beep();
 }
 
-bool SelectColor(QColor& colour, const QString& prompt, bool) {
-    return platform::dialogs().pickColour(colour, prompt);
+bool pickColour(QColor& colour, const QString& prompt) {
+    return dialogs().pickColour(colour, prompt);
 }
 
-QString SelectFolder() {
-    return platform::dialogs().chooseFolder();
+QString chooseFolder() {
+    return dialogs().chooseFolder();
 }
+
+}  // namespace platform

@@ -11,9 +11,9 @@ public:
 
     // A modal message with one OK button.
     virtual void message(const QString& text) = 0;
-    // A modal question; `buttons` follows the classic codes (36: question icon, Yes and No,
-    // Yes the default). Returns 6 for Yes, 7 for No.
-    virtual int ask(const QString& text, int buttons, const QString& title) = 0;
+    // A modal question with the question icon and the buttons Yes and No, Yes the default;
+    // true for Yes.
+    virtual bool askYesOrNo(const QString& question) = 0;
     // The system's alert sound.
     virtual void beep() = 0;
     // The colour picker, opened on `colour` with `prompt`. On true `colour` holds the pick.
@@ -26,7 +26,7 @@ public:
 class QtDialogs final : public Dialogs {
 public:
     void message(const QString& text) override;
-    int ask(const QString& text, int buttons, const QString& title) override;
+    bool askYesOrNo(const QString& question) override;
     void beep() override;
     bool pickColour(QColor& colour, const QString& prompt) override;
     QString chooseFolder() override;
@@ -38,14 +38,13 @@ Dialogs& dialogs();
 void installDialogs(Dialogs* replacement);
 }  // namespace platform
 
-// The answer of a question box when the user agrees.
-inline constexpr int kAnswerYes = 6;
-inline constexpr int kAnswerNo = 7;
-
-void MsgBox(const QString& text);
-int MsgBox(const QString& text, int buttons, const QString& title);
-void Beep();
+namespace platform {
+// The dialogs in use, by what they do.
+void tell(const QString& text);
+bool askYesOrNo(const QString& question);
+void beep();
 // Returns whether the user took a colour; `colour` is left alone otherwise.
-bool SelectColor(QColor& colour, const QString& prompt, bool flag);
+bool pickColour(QColor& colour, const QString& prompt);
 // The folder the user chose, or empty.
-QString SelectFolder();
+QString chooseFolder();
+}  // namespace platform

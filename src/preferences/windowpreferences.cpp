@@ -151,6 +151,6 @@ void WindowPreferences::SliderFrameWidth_ValueChanged() {
 void WindowPreferences::PushButtonColor_Action() {
     // Always from white, whatever the rectangle shows; a cancelled picker changes nothing.
     QColor colour(255, 255, 255);
-    if (SelectColor(colour, QStringLiteral("Select a Color"), false))
+    if (platform::pickColour(colour, QStringLiteral("Select a Color")))
         setFillColor(ui->RectangleFrame, colour);
 }

@@ -10,16 +10,10 @@
 // Stands in for the user at every dialog: records what was shown and answers from queues.
 class RecordingDialogs final : public Dialogs {
 public:
-    struct Question {
-        QString text;
-        int buttons;
-        QString title;
-    };
-
     void message(const QString& text) override { messages.append(text); }
-    int ask(const QString& text, int buttons, const QString& title) override {
-        questions.append({text, buttons, title});
-        return answers.isEmpty() ? kAnswerNo : answers.dequeue();
+    bool askYesOrNo(const QString& question) override {
+        questions.append(question);
+        return !answers.isEmpty() && answers.dequeue();
     }
     void beep() override { ++beeps; }
     bool pickColour(QColor& colour, const QString& prompt) override {
@@ -33,13 +27,13 @@ public:
     void clear() { *this = RecordingDialogs(); }
 
     QStringList messages;
-    QList<Question> questions;
+    QStringList questions;
     int beeps = 0;
     QList<QColor> colourPickerStarts;
     QStringList colourPrompts;
 
-    // Answers to questions in order; No when the queue is empty.
-    QQueue<int> answers;
+    // Answers to questions in order, true for Yes; No when the queue is empty.
+    QQueue<bool> answers;
     // Colours the user takes in order; an empty entry, or an empty queue, cancels the picker.
     QQueue<std::optional<QColor>> colours;
     // Folders the user chooses in order; an empty queue cancels the chooser.
