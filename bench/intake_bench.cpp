@@ -18,7 +18,7 @@
 #include <cstdio>
 
 #include "app/app.h"
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "median.h"
 #include "support/dropfiles.h"
 #include "support/testpictures.h"
@@ -71,16 +71,16 @@ double rawRead(const QString& folder) {
 // Milliseconds for dropping `folder` on a fresh main window, through its drop events.
 double drop(const QString& folder, int expectedRows) {
     Gallery gallery;
-    WindowMain window(gallery, App::instance()->preferences(), App::instance()->menuBar());
-    window.Event_Open();
+    MainWindow window(gallery, App::instance()->preferences(), App::instance()->menuBar());
+    window.fillFromPreferences();
     window.show();
     QCoreApplication::processEvents();
     QElapsedTimer timer;
     timer.start();
     dropOn(&window, {QUrl::fromLocalFile(folder)});
     const double elapsed = timer.nsecsElapsed() / 1e6;
-    if (gallery.images().ListCount() != expectedRows)
-        std::printf("  (expected %d rows, got %d)\n", expectedRows, gallery.images().ListCount());
+    if (gallery.images().imageCount() != expectedRows)
+        std::printf("  (expected %d rows, got %d)\n", expectedRows, gallery.images().imageCount());
     QCoreApplication::processEvents();  // the preview of the first row
     return elapsed;
 }

@@ -18,7 +18,7 @@
 #include <ctime>
 #include <map>
 
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "median.h"
 #include "support/dropfiles.h"
 #include "support/pagebytes.h"
@@ -90,8 +90,8 @@ double readHeaders(const QStringList& paths) {
 // One pass of every step on a fresh main window; milliseconds per step.
 QList<double> runSteps(const QString& folder, int count) {
     App::instance()->start();
-    WindowMain* window = App::instance()->windowMain();
-    auto* list = window->findChild<QWidget*>("Listbox1");
+    MainWindow* window = App::instance()->windowMain();
+    auto* list = window->findChild<QWidget*>("imageList");
     ImageCatalogue& catalogue = App::instance()->gallery().images();
     QCoreApplication::processEvents();
     QList<double> times(StepCount);
@@ -100,8 +100,8 @@ QList<double> runSteps(const QString& folder, int count) {
         dropOn(window, {QUrl::fromLocalFile(folder)});
         QCoreApplication::processEvents();
     });
-    if (catalogue.ListCount() != count)
-        std::printf("  (expected %d rows, got %d)\n", count, catalogue.ListCount());
+    if (catalogue.imageCount() != count)
+        std::printf("  (expected %d rows, got %d)\n", count, catalogue.imageCount());
 
     // Each press is followed by its repaint, as when the user holds the key down.
     times[Arrows] = milliseconds([&] {
@@ -110,11 +110,11 @@ QList<double> runSteps(const QString& folder, int count) {
             QCoreApplication::processEvents();
         }
     });
-    if (catalogue.ListIndex() != kArrowSteps)
-        std::printf("  (expected row %d selected, got %d)\n", kArrowSteps, catalogue.ListIndex());
+    if (catalogue.selectedRow() != kArrowSteps)
+        std::printf("  (expected row %d selected, got %d)\n", kArrowSteps, catalogue.selectedRow());
 
     times[Write] = milliseconds([&] {
-        window->findChild<QPushButton*>("BevelButton1")->click();
+        window->findChild<QPushButton*>("writePageButton")->click();
         QCoreApplication::processEvents();
     });
     QFile::remove(QDir(folder).filePath("index.html"));
@@ -123,16 +123,16 @@ QList<double> runSteps(const QString& folder, int count) {
         QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
         QCoreApplication::processEvents();
     });
-    if (catalogue.SelCount() != count)
-        std::printf("  (expected %d rows selected, got %d)\n", count, catalogue.SelCount());
+    if (catalogue.selectedCount() != count)
+        std::printf("  (expected %d rows selected, got %d)\n", count, catalogue.selectedCount());
 
     TestEnvironment::dialogs().answers.enqueue(true);
     times[RemoveAll] = milliseconds([&] {
-        window->findChild<QPushButton*>("clearBtn1")->click();
+        window->findChild<QPushButton*>("removeImagesButton")->click();
         QCoreApplication::processEvents();
     });
-    if (catalogue.ListCount() != 0)
-        std::printf("  (expected no rows left, got %d)\n", catalogue.ListCount());
+    if (catalogue.imageCount() != 0)
+        std::printf("  (expected no rows left, got %d)\n", catalogue.imageCount());
 
     delete window;
     TestEnvironment::dialogs().clear();
@@ -143,7 +143,7 @@ QList<double> runSteps(const QString& folder, int count) {
 // A drop of `folder` on a fresh main window that reopens the page there; milliseconds.
 double reopenDrop(const QString& folder, int count) {
     App::instance()->start();
-    WindowMain* window = App::instance()->windowMain();
+    MainWindow* window = App::instance()->windowMain();
     QCoreApplication::processEvents();
     TestEnvironment::dialogs().answers.enqueue(true);
     const double ms = milliseconds([&] {
@@ -151,7 +151,7 @@ double reopenDrop(const QString& folder, int count) {
         QCoreApplication::processEvents();
     });
     const ImageCatalogue& catalogue = App::instance()->gallery().images();
-    if (catalogue.ListCount() != count || catalogue.Cell(0, 7) != QStringLiteral("Caption 0"))
+    if (catalogue.imageCount() != count || catalogue.cell(0, 7) != QStringLiteral("Caption 0"))
         std::printf("  (the page was not restored)\n");
     delete window;
     TestEnvironment::dialogs().clear();

@@ -16,7 +16,7 @@
 #include <cstdio>
 
 #include "app/app.h"
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "median.h"
 #include "preview/imagecanvas.h"
 #include "support/testpictures.h"
@@ -27,7 +27,7 @@ constexpr int kRuns = 9;
 
 // The main window with a folder of pictures dropped on it.
 struct Bench {
-    WindowMain* window = nullptr;
+    MainWindow* window = nullptr;
     ImageCanvas* canvas = nullptr;
     PaintCounter counter;
 
@@ -50,10 +50,10 @@ struct Bench {
     double select(const QString& file) {
         ImageCatalogue& rows = App::instance()->gallery().images();
         int row = 0;
-        while (rows.Cell(row, 1) != QFileInfo(file).fileName()) ++row;
+        while (rows.cell(row, 1) != QFileInfo(file).fileName()) ++row;
         QElapsedTimer clock;
         clock.start();
-        rows.setListIndex(row);
+        rows.selectRow(row);
         settle();
         return clock.nsecsElapsed() / 1e6;
     }

@@ -6,16 +6,16 @@
 #include <QTabWidget>
 #include <QTimer>
 
+#include "auxwindows/aboutwindow.h"
+#include "auxwindows/helpwindow.h"
+#include "auxwindows/logowindow.h"
 #include "auxwindows/owner.h"
 #include "auxwindows/progresswheel.h"
-#include "auxwindows/velmorahelp.h"
-#include "auxwindows/windowabout.h"
-#include "auxwindows/windowabout2.h"
-#include "auxwindows/windowprogess.h"
+#include "auxwindows/progresswindow.h"
 #include "platform/narrowtofit.h"
 #include "platform/readablecolour.h"
 #include "platform/sharedwindow.h"
-#include "preferences/windowpreferences.h"
+#include "preferences/preferenceswindow.h"
 #include "support/testenvironment.h"
 
 namespace {
@@ -28,12 +28,12 @@ void hover(QWidget* widget, bool onto) {
 void deleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
-WindowAbout* openAbout() {
-    App::instance()->_About_Action();
-    return existingInstance<WindowAbout>();
+AboutWindow* openAbout() {
+    App::instance()->showAbout();
+    return existingInstance<AboutWindow>();
 }
 QTabWidget* helpPanel() {
-    return existingInstance<VelmoraHelp>()->findChild<QTabWidget*>("TabPanel1");
+    return existingInstance<HelpWindow>()->findChild<QTabWidget*>("languageTabs");
 }
 }  // namespace
 
@@ -45,8 +45,8 @@ class AboutWindowsTest : public QObject {
 private slots:
     void init() { TestEnvironment::desktop().clear(); }
     void cleanup() {
-        if (WindowAbout* about = existingInstance<WindowAbout>()) about->close();
-        if (VelmoraHelp* help = existingInstance<VelmoraHelp>()) help->close();
+        if (AboutWindow* about = existingInstance<AboutWindow>()) about->close();
+        if (HelpWindow* help = existingInstance<HelpWindow>()) help->close();
         deleteClosedWindows();
         QApplication::setPalette(light);
     }
@@ -61,7 +61,7 @@ private slots:
         QPalette palette = light;
         palette.setColor(QPalette::Window, window);
         QApplication::setPalette(palette);
-        auto* link = openAbout()->findChild<QLabel*>("Label4");
+        auto* link = openAbout()->findChild<QLabel*>("siteLink");
         // The design's colours on a light window; on a dark one, the same hues, readable.
         const auto shows = [&](const QColor& design) {
             const QColor shown = link->palette().color(QPalette::WindowText);
@@ -79,41 +79,41 @@ private slots:
     }
 
     void theLogoShowsOneLargeWindowAndDonatingHidesTheWindow() {
-        WindowAbout* about = openAbout();
-        auto* logo = about->findChild<QWidget*>("ImageWell1");
+        AboutWindow* about = openAbout();
+        auto* logo = about->findChild<QWidget*>("logo");
         hover(logo, true);
         QCOMPARE(logo->cursor().shape(), Qt::BitmapCursor);  // the magnifier
         hover(logo, false);
         QCOMPARE(logo->cursor().shape(), Qt::ArrowCursor);
         QTest::mouseClick(logo, Qt::LeftButton);
         QTest::mouseClick(logo, Qt::LeftButton);
-        WindowAbout2* large = existingInstance<WindowAbout2>();
+        LogoWindow* large = existingInstance<LogoWindow>();
         QVERIFY(large && large->isVisible());
-        QCOMPARE(about->findChildren<WindowAbout2*>(), QList<WindowAbout2*>{large});
-        QTest::mouseClick(large->findChild<QWidget*>("ImageWell1"), Qt::LeftButton);
+        QCOMPARE(about->findChildren<LogoWindow*>(), QList<LogoWindow*>{large});
+        QTest::mouseClick(large->findChild<QWidget*>("logo"), Qt::LeftButton);
         deleteClosedWindows();
-        QVERIFY(!existingInstance<WindowAbout2>());
+        QVERIFY(!existingInstance<LogoWindow>());
 
         // Out of the browser's way, and back as it was at the next opening.
         bool visibleAtBrowser = true;
         TestEnvironment::desktop().onShowURL = [&](const QString&) {
             visibleAtBrowser = about->isVisible();
         };
-        QTest::mouseClick(about->findChild<QPushButton*>("BevelButton1"), Qt::LeftButton);
+        QTest::mouseClick(about->findChild<QPushButton*>("donateButton"), Qt::LeftButton);
         QCOMPARE(TestEnvironment::desktop().urls,
                  QStringList{"http://" + owner::donationHost + "/paypal.php?app=Velmora"});
         QVERIFY(!visibleAtBrowser);
         deleteClosedWindows();
         QCOMPARE(openAbout(), about);
         QVERIFY(about->isVisible());
-        QTest::mouseClick(about->findChild<QPushButton*>("PushButtonClose"), Qt::LeftButton);
+        QTest::mouseClick(about->findChild<QPushButton*>("closeButton"), Qt::LeftButton);
         deleteClosedWindows();
-        QVERIFY(!existingInstance<WindowAbout>());
+        QVERIFY(!existingInstance<AboutWindow>());
     }
 
     // Each language's tab holds its own text, whole (up to its last words) and read-only.
     void eachHelpTabHoldsItsOwnText() {
-        sharedInstance<VelmoraHelp>()->Show();
+        sharedInstance<HelpWindow>()->showAsSheet();
         QStringList tabs;
         for (int tab = 0; tab < helpPanel()->count(); ++tab) {
             const auto* text = helpPanel()->widget(tab)->findChild<QPlainTextEdit*>();
@@ -137,30 +137,29 @@ private slots:
     // the next opening starts on English.
     void aNewHelpOpeningStartsOnEnglish() {
         for (const bool escape : {false, true}) {
-            sharedInstance<VelmoraHelp>()->Show();
+            sharedInstance<HelpWindow>()->showAsSheet();
             helpPanel()->setCurrentIndex(3);
-            sharedInstance<VelmoraHelp>()->Show();
+            sharedInstance<HelpWindow>()->showAsSheet();
             QCOMPARE(helpPanel()->currentIndex(), 3);
-            VelmoraHelp* help = existingInstance<VelmoraHelp>();
+            HelpWindow* help = existingInstance<HelpWindow>();
             if (escape)
                 QTest::keyClick(help, Qt::Key_Escape);
             else
-                QTest::mouseClick(help->findChild<QPushButton*>("PushButton1"), Qt::LeftButton);
+                QTest::mouseClick(help->findChild<QPushButton*>("okButton"), Qt::LeftButton);
             deleteClosedWindows();
-            QVERIFY(!existingInstance<VelmoraHelp>());
+            QVERIFY(!existingInstance<HelpWindow>());
         }
-        sharedInstance<VelmoraHelp>()->Show();
+        sharedInstance<HelpWindow>()->showAsSheet();
         QCOMPARE(helpPanel()->currentIndex(), 0);
     }
 
     void resizingHelpGrowsThePanelAndWidensOk() {
-        VelmoraHelp* help = sharedInstance<VelmoraHelp>();
-        help->Show();
-        auto* text = help->findChild<QPlainTextEdit*>("TextArea4");
+        HelpWindow* help = sharedInstance<HelpWindow>();
+        help->showAsSheet();
+        auto* text = help->findChild<QPlainTextEdit*>("germanText");
         help->resize(740, 536);
         QCOMPARE(helpPanel()->geometry(), QRect(20, 20, 700, 464));
-        QCOMPARE(help->findChild<QPushButton*>("PushButton1")->geometry(),
-                 QRect(280, 496, 180, 20));
+        QCOMPARE(help->findChild<QPushButton*>("okButton")->geometry(), QRect(280, 496, 180, 20));
         QCOMPARE(QRect(text->mapTo(help, QPoint()), text->size()), QRect(40, 58, 560, 356));
     }
 
@@ -183,11 +182,11 @@ private slots:
         QCOMPARE(fitting.font().stretch(), int(QFont::Unstretched));
 
         App::instance()->start();
-        sharedInstance<WindowProgess>()->Show();
-        sharedInstance<WindowPreferences>(App::instance()->preferences())->Show();
-        sharedInstance<VelmoraHelp>()->Show();
+        sharedInstance<ProgressWindow>()->showForWalk();
+        sharedInstance<PreferencesWindow>(App::instance()->preferences())->showAsSheet();
+        sharedInstance<HelpWindow>()->showAsSheet();
         openAbout();
-        sharedInstance<WindowAbout2>()->Show();
+        sharedInstance<LogoWindow>()->showOverAbout();
         QStringList clipped;
         int labels = 0;
         for (QWidget* widget : QApplication::allWidgets()) {

@@ -13,16 +13,16 @@ using Pairs = QList<std::pair<QString, QString>>;
 // A row for each letter, its caption the letter in upper case.
 void fill(ImageCatalogue& catalogue, const QString& letters) {
     for (const QChar letter : letters) {
-        catalogue.AddRow(letter);
-        catalogue.setCell(catalogue.LastIndex(), 7, letter.toUpper());
+        catalogue.addRow(letter);
+        catalogue.setCell(catalogue.lastAddedRow(), 7, letter.toUpper());
     }
 }
 
 // The rows as "name=caption", so that a caption left behind by its row shows.
 QString rows(const ImageCatalogue& catalogue) {
     QStringList shown;
-    for (int row = 0; row < catalogue.ListCount(); ++row)
-        shown << catalogue.Cell(row, 0) + "=" + catalogue.Cell(row, 7);
+    for (int row = 0; row < catalogue.imageCount(); ++row)
+        shown << catalogue.cell(row, 0) + "=" + catalogue.cell(row, 7);
     return shown.join(' ');
 }
 }  // namespace
@@ -47,9 +47,9 @@ private slots:
         for (const auto& [letters, count] :
              Pairs{{"", "0 images"}, {"a", "1 image"}, {"bcdefg", "7 images"}}) {
             fill(catalogue, letters);
-            catalogue.updateTheList();
+            catalogue.updateSelectionAndCounts();
             QCOMPARE(catalogue.countText(), count);
-            QCOMPARE(catalogue.ListIndex(), catalogue.ListCount() - 1);
+            QCOMPARE(catalogue.selectedRow(), catalogue.imageCount() - 1);
         }
         QStringList headings;
         for (int column = 0; column < catalogue.columnCount(); ++column) {
@@ -65,49 +65,49 @@ private slots:
     void theSelectionAndTheLastRowStayOnExistingRows() {
         ImageCatalogue catalogue;
         fill(catalogue, "abcd");
-        catalogue.setListIndex(0);
-        catalogue.setListIndex(1);
+        catalogue.selectRow(0);
+        catalogue.selectRow(1);
         QCOMPARE(catalogue.Text(), QString("b"));
         // The list's keys go on from the row the program selected last, once it is done.
         QCoreApplication::processEvents();
         QCOMPARE(catalogue.selectionModel()->currentIndex().row(), 1);
         const auto rowsFlag = QItemSelectionModel::Select | QItemSelectionModel::Rows;
         catalogue.selectionModel()->select(catalogue.index(2, 0), rowsFlag);
-        QCOMPARE(catalogue.SelCount(), 2);
+        QCOMPARE(catalogue.selectedCount(), 2);
         catalogue.selectionModel()->select(catalogue.index(0, 0), rowsFlag);
-        QCOMPARE(catalogue.ListIndex(), 0);  // first in row order, not in the order of picking
+        QCOMPARE(catalogue.selectedRow(), 0);  // first in row order, not in the order of picking
 
         // A row that does not exist neither fails nor takes the text.
-        catalogue.setListIndex(4);
-        QCOMPARE(catalogue.SelCount(), 0);
+        catalogue.selectRow(4);
+        QCOMPARE(catalogue.selectedCount(), 0);
         catalogue.setText("nobody");
         catalogue.setCell(-1, 7, "nobody");
         catalogue.setCell(5, 7, "nobody");
         QCOMPARE(rows(catalogue), QString("a=A b=B c=C d=D"));
 
-        catalogue.setListIndex(3);
+        catalogue.selectRow(3);
         QSignalSpy change(&catalogue, &ImageCatalogue::Change);
-        catalogue.RemoveRow(3);
+        catalogue.removeImageAt(3);
         QCOMPARE(change.count(), 0);  // the selection went with its row; nobody chose anew
-        QCOMPARE(catalogue.LastIndex(), 2);
-        catalogue.RemoveRow(0);
+        QCOMPARE(catalogue.lastAddedRow(), 2);
+        catalogue.removeImageAt(0);
         QCOMPARE(rows(catalogue), QString("b=B c=C"));
-        catalogue.DeleteAllRows();
-        QCOMPARE(catalogue.LastIndex(), -1);
-        catalogue.setListIndex(0);  // nothing to select, and nothing fails
-        QCOMPARE(catalogue.ListIndex(), -1);
+        catalogue.removeAll();
+        QCOMPARE(catalogue.lastAddedRow(), -1);
+        catalogue.selectRow(0);  // nothing to select, and nothing fails
+        QCOMPARE(catalogue.selectedRow(), -1);
     }
 
     // The list control's own drag, dropped onto a row, lands before it.
     void draggedRowsMoveWholeWithTheirCaptionsAndSelection() {
         ImageCatalogue catalogue;
         fill(catalogue, "abcde");
-        catalogue.setListIndex(3);
+        catalogue.selectRow(3);
         const QScopedPointer<QMimeData> dragged(catalogue.mimeData(
             {catalogue.index(3, 0), catalogue.index(1, 3), catalogue.index(3, 2)}));
         catalogue.dropMimeData(dragged.get(), Qt::MoveAction, -1, 0, catalogue.index(0, 0));
         QCOMPARE(rows(catalogue), QString("b=B d=D a=A c=C e=E"));
-        QCOMPARE(catalogue.ListIndex(), 1);  // the selection went with its row
+        QCOMPARE(catalogue.selectedRow(), 1);  // the selection went with its row
     }
 
     // Counts, the size field and the preference file are read with Val: the leading number

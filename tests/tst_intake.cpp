@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "auxwindows/windowprogess.h"
-#include "mainwindow/windowmain.h"
+#include "auxwindows/progresswindow.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/nativename.h"
 #include "platform/sharedwindow.h"
 #include "preview/imagecanvas.h"
@@ -21,12 +21,12 @@ class IntakeTest : public QObject {
     QTemporaryDir dir;
     QString trip = dir.filePath("Trip"), more = dir.filePath("More"), odd = dir.filePath("Odd");
     Gallery gallery;
-    WindowMain window{gallery, App::instance()->preferences(), App::instance()->menuBar()};
+    MainWindow window{gallery, App::instance()->preferences(), App::instance()->menuBar()};
     ImageCatalogue& catalogue = gallery.images();
-    QLineEdit* caption = window.findChild<QLineEdit*>("imgCaption");
-    QLineEdit* galleryPath = window.findChild<QLineEdit*>("galleryPath");
-    QLabel* imgCount = window.findChild<QLabel*>("imgCount");
-    WindowProgess* progress = nullptr;
+    QLineEdit* caption = window.findChild<QLineEdit*>("captionField");
+    QLineEdit* galleryPath = window.findChild<QLineEdit*>("folderField");
+    QLabel* imageCountLabel = window.findChild<QLabel*>("imageCountLabel");
+    ProgressWindow* progress = nullptr;
     PaintCounter progressPaints;
     const QString longName = QString(251, u'n') + ".png";  // 255 bytes
     // A name in Latin-1, as an old camera card may hold: no UTF-8 text names this file.
@@ -35,9 +35,9 @@ class IntakeTest : public QObject {
     // The rows from `first` on as list name, type and size.
     QStringList rows(int first) const {
         QStringList shown;
-        for (int row = first; row < catalogue.ListCount(); ++row)
-            shown << catalogue.Cell(row, 0) + "|" + catalogue.Cell(row, 3) + "|" +
-                         catalogue.Cell(row, 4) + "x" + catalogue.Cell(row, 5);
+        for (int row = first; row < catalogue.imageCount(); ++row)
+            shown << catalogue.cell(row, 0) + "|" + catalogue.cell(row, 3) + "|" +
+                         catalogue.cell(row, 4) + "x" + catalogue.cell(row, 5);
         return shown;
     }
     // The progress window is painted during the walk and hidden after it, and the first row is
@@ -46,10 +46,11 @@ class IntakeTest : public QObject {
         const int paints = progressPaints.paints;
         dropOn(target, urls);
         QVERIFY(progressPaints.paints > paints && progress->isHidden());
-        QCOMPARE(QStringList({galleryPath->text(), imgCount->text(), progress->progressInfoText()}),
-                 QStringList({folder, QString("%1 images").arg(count),
-                              QString("%1 images added, please wait.").arg(count)}));
-        QCOMPARE(catalogue.ListIndex(), 0);
+        QCOMPARE(
+            QStringList({galleryPath->text(), imageCountLabel->text(), progress->countLabel()}),
+            QStringList({folder, QString("%1 images").arg(count),
+                         QString("%1 images added, please wait.").arg(count)}));
+        QCOMPARE(catalogue.selectedRow(), 0);
         QVERIFY(TestEnvironment::dialogs().messages.isEmpty() && !TestEnvironment::dialogs().beeps);
     }
 
@@ -91,18 +92,18 @@ private slots:
         QVERIFY(QFile::link(odd + "/loop-b.png", odd + "/loop-a.png"));
         QVERIFY(QFile::link(odd + "/loop-a.png", odd + "/loop-b.png"));
         QVERIFY(QFile::link(odd + "/it's.png", odd + "/link.png"));
-        window.Event_Open();
+        window.fillFromPreferences();
         // Closing cannot stop the walk, so the progress window refuses it while a drop runs.
-        progress = sharedInstance<WindowProgess>();
-        progress->Show();
+        progress = sharedInstance<ProgressWindow>();
+        progress->showForWalk();
         QVERIFY(!progress->close());
-        progress->Hide();
+        progress->hideAfterWalk();
         progress->installEventFilter(&progressPaints);
     }
 
     void dropsAppendTheFirstItemOfEach() {
         dropOn(&window, {QUrl("https://example.org/photos/")});
-        QCOMPARE(galleryPath->text() + imgCount->text(),
+        QCOMPARE(galleryPath->text() + imageCountLabel->text(),
                  "Please add the image's folder...0 images");
 
         drop(&window, {QUrl::fromLocalFile(trip), QUrl::fromLocalFile(more)}, 8, trip + "/");
@@ -111,14 +112,14 @@ private slots:
                                        "beach|image/jpeg|64x48", "IMG_2|image/png|40x30",
                                        "IMG_10|image/png|20x10", "portrait|image/jpeg|40x30",
                                        "shot.bak||5x7", "sky|image/avif|24x16"}));
-        catalogue.setListIndex(2);
+        catalogue.selectRow(2);
         QTest::keyClicks(caption, "Low tide");
         drop(caption, {QUrl::fromLocalFile(more)}, 9, more + "/");
-        QCOMPARE(catalogue.Cell(2, CatalogueRow::kCaptionCell), QString("Low tide"));
+        QCOMPARE(catalogue.cell(2, CatalogueRow::kCaptionCell), QString("Low tide"));
         QCOMPARE(caption->text(), QString());  // row 0's own caption
         drop(&window, {QUrl::fromLocalFile(more)}, 10, more + "/");
         QCOMPARE(rows(8), QStringList(2, "dune|image/png|12x6"));
-        catalogue.setListIndex(4);
+        catalogue.selectRow(4);
         drop(&window, {QUrl::fromLocalFile(trip + "/beach.jpg")}, 10, trip + "/beach.jpg/");
     }
 
@@ -133,19 +134,19 @@ private slots:
                               "link|image/png|40x30", longName.chopped(4) + "|image/png|40x30",
                               "say \"cheese\"|image/png|40x30", "Tom & Jerry|image/png|40x30"}));
         // The Latin-1 name is kept byte for byte, and shown with a replacement character.
-        QCOMPARE(catalogue.Cell(11, 1), latin1);
+        QCOMPARE(catalogue.cell(11, 1), latin1);
         QCOMPARE(catalogue.data(catalogue.index(11, 1), Qt::DisplayRole), "caf\uFFFD.png");
 
         const PeakMemory memory;
-        for (int row = 0; row < catalogue.ListCount(); ++row) {
-            catalogue.setListIndex(row);
+        for (int row = 0; row < catalogue.imageCount(); ++row) {
+            catalogue.selectRow(row);
             QCoreApplication::processEvents();
-            QCOMPARE(window.imageCanvas()->imagePath(), catalogue.Cell(row, 2));
+            QCOMPARE(window.imageCanvas()->imagePath(), catalogue.cell(row, 2));
             // All but the enormous picture, whose pixels end long before its header says; what a
             // refusal leaves as it was, the preview suite checks.
             QVERIFY2(
-                bool(window.imageCanvas()->picture()) == (catalogue.Cell(row, 1) != "enormous.png"),
-                qPrintable(catalogue.Cell(row, 1)));
+                bool(window.imageCanvas()->picture()) == (catalogue.cell(row, 1) != "enormous.png"),
+                qPrintable(catalogue.cell(row, 1)));
         }
         // The enormous picture was never decoded at its full size.
         QVERIFY(memory.megabytes() < 256);
@@ -155,11 +156,10 @@ private slots:
     // No length limit cuts a caption or a title: these are three times a text field's usual one.
     void titlesAndCaptionsKeepEveryCharacter() {
         const QString longText(100000, u'x');
-        for (const char* field :
-             {"imgCaption", "galleryHTMLtitle", "galleryTitle", "gallerySubTitle"})
+        for (const char* field : {"captionField", "headTitleField", "titleField", "subtitleField"})
             window.findChild<QLineEdit*>(field)->setText(longText);
         const GallerySettings settings = gallery.settings();
-        QCOMPARE(catalogue.Cell(catalogue.ListIndex(), CatalogueRow::kCaptionCell) +
+        QCOMPARE(catalogue.cell(catalogue.selectedRow(), CatalogueRow::kCaptionCell) +
                      settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
                  longText.repeated(4));
     }

@@ -3,7 +3,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "preview/imagecanvas.h"
 #include "resources/namedpictures.h"
 #include "support/dropfiles.h"
@@ -18,7 +18,7 @@ class LargeFolderTest : public QObject {
     QTemporaryDir dir;
     QString folder = dir.filePath("Ten thousand");
     QStringList written;
-    WindowMain* window = nullptr;
+    MainWindow* window = nullptr;
     ImageCatalogue* catalogue = nullptr;
     RecordingDialogs& dialogs = TestEnvironment::dialogs();
 
@@ -28,13 +28,13 @@ class LargeFolderTest : public QObject {
     }
     QStringList originalNames() const {
         QStringList names;
-        for (int row = 0; row < catalogue->ListCount(); ++row) names << catalogue->Cell(row, 1);
+        for (int row = 0; row < catalogue->imageCount(); ++row) names << catalogue->cell(row, 1);
         return names;
     }
     // Takes out the selected rows with "-", answering Yes, and checks the question asked.
     void removeSelectedRows(int selected) {
         dialogs.answers.enqueue(true);
-        window->findChild<QPushButton*>("clearBtn1")->click();
+        window->findChild<QPushButton*>("removeImagesButton")->click();
         QVERIFY(dialogs.answers.isEmpty());
         QCOMPARE(dialogs.questions.last(),
                  QString("Clear\n\nAre you sure to remove the %1 selected images from the list?")
@@ -63,7 +63,7 @@ private slots:
 
     void everyImageOfTheDroppedFolderGetsARow() {
         dropOn(window, {QUrl::fromLocalFile(folder)});
-        QCOMPARE(text("imgCount"), QString("10000 images"));
+        QCOMPARE(text("imageCountLabel"), QString("10000 images"));
         QStringList names = originalNames();
         names.sort();
         written.sort();
@@ -71,7 +71,7 @@ private slots:
     }
 
     void thePageHoldsASlideForEveryRowInOrder() {
-        window->findChild<QPushButton*>("BevelButton1")->click();
+        window->findChild<QPushButton*>("writePageButton")->click();
         const QString page = folder + "/index.html";
         QCOMPARE(TestEnvironment::desktop().launched, QStringList{page});
         QFile file(page);
@@ -101,18 +101,18 @@ private slots:
         for (int row = 2500; row < 7500; ++row)
             if (row % 10) kept << before[row];
         QCOMPARE(originalNames(), kept);
-        QCOMPARE(text("imgCount"), QString("4500 images"));
-        QCOMPARE(catalogue->SelCount(), 1);
+        QCOMPARE(text("imageCountLabel"), QString("4500 images"));
+        QCOMPARE(catalogue->selectedCount(), 1);
     }
 
     void removingEveryRowLeavesAnEmptyListAndNoPreview() {
-        QTest::keyClick(window->findChild<QWidget*>("Listbox1"), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(window->findChild<QLineEdit*>("imgCaption"), "First of all");
+        QTest::keyClick(window->findChild<QWidget*>("imageList"), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(window->findChild<QLineEdit*>("captionField"), "First of all");
         removeSelectedRows(4500);
         // The caption typed and the folder stay; the next paint brings back the start text.
-        QCOMPARE(text("imgCount") + "|" + text("imgCaption") + "|" + text("galleryPath"),
+        QCOMPARE(text("imageCountLabel") + "|" + text("captionField") + "|" + text("folderField"),
                  "0 images|First of all|" + folder + "/");
-        QVERIFY(text("info").startsWith("To start, simply Drag and Drag  a folder"));
+        QVERIFY(text("infoLabel").startsWith("To start, simply Drag and Drag  a folder"));
         // Only the list lost them.
         QCOMPARE(QDir(folder).entryList({"*.png", "*.PNG"}, QDir::Files).size(), kImages);
     }

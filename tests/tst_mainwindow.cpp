@@ -14,14 +14,14 @@
 #include <sstream>
 
 #include "app/commandline.h"
-#include "auxwindows/velmorahelp.h"
+#include "auxwindows/helpwindow.h"
 #include "mainwindow/catalogueview.h"
 #include "mainwindow/mainmenubar.h"
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/nativename.h"
 #include "platform/sharedwindow.h"
 #include "platform/specialfolders.h"
-#include "preferences/windowpreferences.h"
+#include "preferences/preferenceswindow.h"
 #include "preview/imagecanvas.h"
 #include "support/dropfiles.h"
 #include "support/pagebytes.h"
@@ -70,7 +70,7 @@ class MainWindowTest : public QObject {
     QTemporaryDir dir;
     const QString trip = dir.filePath("Trip");
     QByteArray written;
-    WindowMain* window = nullptr;
+    MainWindow* window = nullptr;
     ImageCatalogue* catalogue = nullptr;
     RecordingDialogs& dialogs = TestEnvironment::dialogs();
     Gallery& gallery = App::instance()->gallery();
@@ -83,9 +83,9 @@ class MainWindowTest : public QObject {
     // A row for each letter, its file named by it and captioned with it and "!".
     void fill(const QString& letters) {
         for (const QChar letter : letters) {
-            catalogue->AddRow(letter);
-            for (int cell : {1, 2}) catalogue->setCell(catalogue->LastIndex(), cell, letter);
-            catalogue->setCell(catalogue->LastIndex(), 7, letter + QString("!"));
+            catalogue->addRow(letter);
+            for (int cell : {1, 2}) catalogue->setCell(catalogue->lastAddedRow(), cell, letter);
+            catalogue->setCell(catalogue->lastAddedRow(), 7, letter + QString("!"));
         }
         App::instance()->gallery().updateList();
     }
@@ -97,8 +97,8 @@ class MainWindowTest : public QObject {
     }
     QStringList rows() const {
         QStringList cells;
-        for (int row = 0; row < catalogue->ListCount(); ++row)
-            cells << catalogue->Cell(row, 1) + "|" + catalogue->Cell(row, 7);
+        for (int row = 0; row < catalogue->imageCount(); ++row)
+            cells << catalogue->cell(row, 1) + "|" + catalogue->cell(row, 7);
         return cells;
     }
     // Hands `item`, in the test folder, over by `road`: a drop, the folder chooser of Ctrl+O, the
@@ -119,7 +119,7 @@ class MainWindowTest : public QObject {
         QVERIFY(QTest::qWaitForWindowActive(window));
     }
     QByteArray savedTrip() const {
-        menus.Save->trigger();
+        menus.writePageItem->trigger();
         QFile page(trip + "/trip.html");
         return page.open(QIODevice::ReadOnly) ? page.readAll() : QByteArray();
     }
@@ -138,7 +138,7 @@ class MainWindowTest : public QObject {
 private slots:
     void initTestCase() {
         // Before there is a main window, Save has nothing to write from.
-        menus.Save->trigger();
+        menus.writePageItem->trigger();
         QCOMPARE(dialogs.beeps, 1);
         App::instance()->start();
         window = App::instance()->windowMain();
@@ -150,7 +150,7 @@ private slots:
         QCOMPARE(start.galleryHTMLtitle,
                  QDir(TestEnvironment::home()).dirName() + "'s photo gallery");
         QVERIFY(start.fullPageWidth && (start.galleryTitle + start.gallerySubTitle).isEmpty());
-        QVERIFY(!existingInstance<WindowPreferences>());
+        QVERIFY(!existingInstance<PreferencesWindow>());
         // The trip's gallery, made the usual way: rows moved, captions typed, settings chosen.
         writeImages(trip, {"b.png", "a.png", "c.jpg", "d.png"});
         writeImages(dir.filePath("Foreign"), {"z.png"});
@@ -162,9 +162,9 @@ private slots:
         catalogue->moveRowsTo({3}, 0);
         for (const auto& [row, caption] : {std::pair{0, "Dunes"}, {1, "Start & <end>"}, {3, "x"}})
             catalogue->setCell(row, 7, caption);
-        control<QLineEdit>("galleryFileName")->setText("trip.html");
-        control<QComboBox>("bgColot")->setCurrentText("Navy");
-        control<QAbstractButton>("CheckBoxFullScreen")->setChecked(false);
+        control<QLineEdit>("pageFileNameField")->setText("trip.html");
+        control<QComboBox>("backgroundColourBox")->setCurrentText("Navy");
+        control<QAbstractButton>("fullWidthCheckBox")->setChecked(false);
         written = savedTrip();
         QVERIFY(QDir::setCurrent(dir.path()));  // where relative arguments start from
     }
@@ -175,11 +175,11 @@ private slots:
     void init() {
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window));
-        catalogue->DeleteAllRows();
+        catalogue->removeAll();
         catalogue->setRenameFlag("no");
-        control<QLineEdit>("galleryPath")->setText(dir.path() + "/");
-        control<QLineEdit>("galleryFileName")->setText("index.html");
-        control<QComboBox>("bgColot")->setCurrentIndex(0);
+        control<QLineEdit>("folderField")->setText(dir.path() + "/");
+        control<QLineEdit>("pageFileNameField")->setText("index.html");
+        control<QComboBox>("backgroundColourBox")->setCurrentIndex(0);
         dialogs.clear();
         TestEnvironment::desktop().clear();
     }
@@ -187,17 +187,17 @@ private slots:
         QCOMPARE(control("centralwidget")->size(), QSize(820, 680));
         QCOMPARE(window->minimumSize(), window->maximumSize());
         QVERIFY(!window->windowFlags().testFlag(Qt::WindowFullscreenButtonHint));
-        control<QAbstractButton>("BevelButton2")->click();
-        VelmoraHelp* help = existingInstance<VelmoraHelp>();
+        control<QAbstractButton>("helpButton")->click();
+        HelpWindow* help = existingInstance<HelpWindow>();
         QVERIFY(help && help->isVisible() && help->parentWidget() == window);
         QCOMPARE(window->windowTitle() + " / " + help->windowTitle(), "Velmora / Velmora - Help");
         help->close();
         App::instance()->preferences().openPrefs = "yes";
         Gallery another;
-        WindowMain other(another, App::instance()->preferences(), menus);
-        other.Event_Open();
+        MainWindow other(another, App::instance()->preferences(), menus);
+        other.fillFromPreferences();
         App::instance()->preferences().openPrefs.clear();
-        QCOMPARE(existingInstance<WindowPreferences>()->parentWidget(), &other);
+        QCOMPARE(existingInstance<PreferencesWindow>()->parentWidget(), &other);
     }
     // The menu bar as the user reads it, then the items kept out of it; and what is enabled.
     void theMenusHoldTheirItemsAndFollowTheRowsAndTheRenameFlag() {
@@ -211,18 +211,18 @@ private slots:
                  "&Quit Ctrl+Q|&Edit |&Undo Ctrl+Z|-|Cu&t Ctrl+X|&Copy Ctrl+C|&Paste Ctrl+V|"
                  "&Delete |-|Select &All Ctrl+A|Rename All images... Ctrl+R|"
                  "Restore original file names... Ctrl+Shift+R|Preferences... Ctrl+K");
-        const QList<QAction*> file = menus.FileMenu->actions() + menus.hiddenItems();
+        const QList<QAction*> file = menus.fileMenu->actions() + menus.hiddenItems();
         QCOMPARE(enabled(file), "Open Folder..., About Velmora, Quit, Preferences...");
         fill("a");
-        catalogue->setListIndex(-1);
+        catalogue->selectRow(-1);
         catalogue->setRenameFlag("yes");
         QCOMPARE(enabled(file),
                  "Open Folder..., About Velmora, Write the gallery page, Quit, "
                  "Rename All images..., Restore original file names..., Preferences...");
         catalogue->setCell(0, 0, "renamed");  // the hidden item answers its shortcut
         QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(catalogue->Cell(0, 0) + " " + catalogue->renameFlag(), "a no");
-        catalogue->DeleteAllRows();
+        QCOMPARE(catalogue->cell(0, 0) + " " + catalogue->renameFlag(), "a no");
+        catalogue->removeAll();
         catalogue->setRenameFlag("yes");
         QCOMPARE(
             enabled(file),
@@ -231,19 +231,19 @@ private slots:
     // The button wants a selected row; the menu item, even with its enabling stale, any row. A
     // fault in a handler is shown and the program goes on (the tests after this one).
     void theButtonWantsASelectionAndTheMenuAnyRow() {
-        auto* button = control<QAbstractButton>("BevelButton1");
+        auto* button = control<QAbstractButton>("writePageButton");
         RecordingDesktop& desktop = TestEnvironment::desktop();
         button->click();
-        App::instance()->_Save_Action(0);
+        App::instance()->writePageFromMenu(0);
         QCOMPARE(dialogs.beeps, 2);
         fill("a");
-        catalogue->setListIndex(-1);
+        catalogue->selectRow(-1);
         button->click();
-        menus.Save->trigger();
+        menus.writePageItem->trigger();
         QCOMPARE(desktop.launched, QStringList({dir.filePath("index.html")}));
         // Opening the written page fails deep in the button's handler; a timer throws anything.
         desktop.onLaunch = [](const QString&) { throw std::runtime_error("no browser <here>"); };
-        catalogue->setListIndex(0);
+        catalogue->selectRow(0);
         QTest::mouseClick(button, Qt::LeftButton);
         QTimer::singleShot(0, [] { throw 42; });
         const QString oops =
@@ -260,15 +260,15 @@ private slots:
             "Remove image/s\n\nAre you sure to remove from the list the selected image?";
         // Each case: the button, the rows, the one selected, the question, what stays (counted).
         const std::tuple<const char*, QString, int, QString, QString> cases[] = {
-            {"clearBtn", "", -1, "", ""},
-            {"clearBtn", "ab", 1, clear, "Empty list"},
-            {"clearBtn1", "abc", -1, "", ""},
-            {"clearBtn1", "abc", 0, one, "b|b! c|c! 2 images"},
+            {"clearListButton", "", -1, "", ""},
+            {"clearListButton", "ab", 1, clear, "Empty list"},
+            {"removeImagesButton", "abc", -1, "", ""},
+            {"removeImagesButton", "abc", 0, one, "b|b! c|c! 2 images"},
         };
         for (const auto& [button, letters, selected, question, kept] : cases) {
             init();
             fill(letters);
-            catalogue->setListIndex(selected);
+            catalogue->selectRow(selected);
             catalogue->setRenameFlag("yes");
             const QStringList before = rows();
             control<QAbstractButton>(button)->click();
@@ -279,12 +279,12 @@ private slots:
             QCOMPARE(dialogs.questions.first(), question);
             dialogs.answers.enqueue(true);
             control<QAbstractButton>(button)->click();
-            QCOMPARE((rows() << control<QLabel>("imgCount")->text()).join(' '), kept);
+            QCOMPARE((rows() << control<QLabel>("imageCountLabel")->text()).join(' '), kept);
             QVERIFY(window->imageCanvas()->imagePath().isEmpty() &&
-                    !menus.RestoreNames->isEnabled());
-            QCOMPARE(catalogue->ListIndex() >= 0, catalogue->ListCount() > 0);
+                    !menus.restoreNamesItem->isEnabled());
+            QCOMPARE(catalogue->selectedRow() >= 0, catalogue->imageCount() > 0);
         }
-        QCOMPARE(control<QLabel>("info")->text(),
+        QCOMPARE(control<QLabel>("infoLabel")->text(),
                  "To start, simply Drag and Drag  a folder of chosen images onto this "
                  "window.\nPlease take note: the images have to be already resized.");
     }
@@ -296,12 +296,12 @@ private slots:
             {{0, 1}, 2.9, "c|c! a|a! b|b! d|d!"},
             {{3}, 0.1, "d|d! a|a! b|b! c|c!"},
             {{0, 2}, 5, "b|b! d|d! a|a! c|c!"}};
-        auto* list = control<CatalogueView>("Listbox1");
+        auto* list = control<CatalogueView>("imageList");
         QWidget* port = list->viewport();
         for (const auto& [dragged, rowHeights, order] : cases) {
             init();
             fill("abcd");
-            catalogue->setListIndex(-1);
+            catalogue->selectRow(-1);
             for (int row : dragged)
                 list->selectionModel()->select(
                     catalogue->index(row, 0),
@@ -320,7 +320,7 @@ private slots:
             QVERIFY(!drop.isAccepted());
             QTest::mouseRelease(port, Qt::LeftButton, {}, at);
             QCOMPARE(rows().join(' '), order);
-            menus.Save->trigger();
+            menus.writePageItem->trigger();
             const auto page = readGalleryPageFile(dir.filePath("index.html"));
             QVERIFY(page);
             QStringList slides;
@@ -329,7 +329,7 @@ private slots:
         }
         list->setFocus();
         QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(catalogue->SelCount(), 4);
+        QCOMPARE(catalogue->selectedCount(), 4);
         for (Qt::Key key : {Qt::Key_Home, Qt::Key_Right, Qt::Key_End, Qt::Key_Right})
             QTest::keyClick(list, key);
         const QPointF inside(5, 5);
@@ -342,13 +342,13 @@ private slots:
     // Each case: the focused control, what is typed, whether all is selected, the clipboard.
     void theEditItemsFollowTheFocusAndTheClipboard() {
         const std::tuple<const char*, const char*, bool, const char*, const char*> cases[] = {
-            {"Listbox1", "", false, "x", "Select All"},
-            {"galleryFileName", "", false, "x", "Paste, Select All"},
-            {"galleryFileName", "", false, "", "Select All"},
-            {"galleryFileName", "", true, "x", "Cut, Copy, Paste, Delete, Select All"},
-            {"galleryTitle", "a", false, "x", "Undo, Paste, Select All"},
-            {"galleryPath", "", true, "x", "Copy, Select All"},
-            {"bgColot", "", false, "x", ""},
+            {"imageList", "", false, "x", "Select All"},
+            {"pageFileNameField", "", false, "x", "Paste, Select All"},
+            {"pageFileNameField", "", false, "", "Select All"},
+            {"pageFileNameField", "", true, "x", "Cut, Copy, Paste, Delete, Select All"},
+            {"titleField", "a", false, "x", "Undo, Paste, Select All"},
+            {"folderField", "", true, "x", "Copy, Select All"},
+            {"backgroundColourBox", "", false, "x", ""},
         };
         fill("abc");
         for (const auto& [focused, typed, selectAll, clipboard, items] : cases) {
@@ -356,10 +356,10 @@ private slots:
             QWidget* target = control(focused);
             target->setFocus();
             QTest::keyClicks(target, typed);
-            if (selectAll) menus.EditSelectAll->trigger();
-            QCOMPARE(focused + (": " + enabled(menus.EditMenu->actions())),
+            if (selectAll) menus.selectAllItem->trigger();
+            QCOMPARE(focused + (": " + enabled(menus.editMenu->actions())),
                      focused + (": " + QString(items)));
-            menus.EditUndo->trigger();  // takes back what was typed, if anything
+            menus.undoItem->trigger();  // takes back what was typed, if anything
             if (auto* field = qobject_cast<QLineEdit*>(target)) QVERIFY(!field->isUndoAvailable());
         }
     }
@@ -400,7 +400,7 @@ private slots:
             // The page goes to the folder wherever the program was started.
             QVERIFY(QDir::isAbsolutePath(gallery.settings().galleryPath));
             if (expected != kRestored) continue;
-            QCOMPARE(control<QLineEdit>("imgCaption")->text(), "Dunes");
+            QCOMPARE(control<QLineEdit>("captionField")->text(), "Dunes");
             QCOMPARE(gallery.settings().galleryFileName, "trip.html");
             QCOMPARE(savedTrip(), written);
         }
@@ -408,9 +408,9 @@ private slots:
     // Another program's page is replaced only when the user agrees; a page not written says why.
     void writingAsksBeforeReplacingAnotherPageAndTellsWhyNot() {
         hand("drop", "Foreign");
-        menus.Save->trigger();
-        control<QLineEdit>("galleryFileName")->setText("../x.html");
-        menus.Save->trigger();
+        menus.writePageItem->trigger();
+        control<QLineEdit>("pageFileNameField")->setText("../x.html");
+        menus.writePageItem->trigger();
         QCOMPARE(dialogs.questions.size(), 1);
         QCOMPARE(dialogs.questions[0],
                  "index.html already exists and was not written by Velmora. Replace it?");
@@ -448,20 +448,22 @@ private slots:
     // Tab leaves the list, and goes round the visible controls in the order of the design.
     void aKeyboardAloneCaptionsImagesAndWritesThePage() {
         hand("drop", "Trip");  // answered No
-        control("Listbox1")->setFocus();
+        control("imageList")->setFocus();
         QStringList visited;
-        QVERIFY(tabTo("imgCaption", visited));
+        QVERIFY(tabTo("captionField", visited));
         QTest::keyClicks(QApplication::focusWidget(), "First");
-        QVERIFY(tabTo("Listbox1", visited));
+        QVERIFY(tabTo("imageList", visited));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-        QVERIFY(tabTo("imgCaption", visited));
+        QVERIFY(tabTo("captionField", visited));
         QTest::keyClicks(QApplication::focusWidget(), "Second");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
         visited.removeDuplicates();
         QCOMPARE(visited.join(' '),
-                 "Listbox1 clearBtn clearBtn1 galleryFileName galleryHTMLtitle galleryTitle "
-                 "gallerySubTitle CheckBoxFullScreen bgColot txtColor capColor imgCaption "
-                 "BevelButton1 BevelButton2 galleryPath");
+                 "imageList clearListButton removeImagesButton pageFileNameField headTitleField "
+                 "titleField "
+                 "subtitleField fullWidthCheckBox backgroundColourBox titleColourBox "
+                 "captionColourBox captionField "
+                 "writePageButton helpButton folderField");
         const auto page = readGalleryPageFile(trip + "/index.html");
         QVERIFY(page);
         QCOMPARE(page->page.slides.first(2),
@@ -481,7 +483,7 @@ private slots:
                 QVERIFY(QDir(desktop).removeRecursively() &&
                         QFile::link(TestEnvironment::home(), desktop.path()));
             for (const char* name : {".foo.jpg", "foo.jpg"}) writeFile(desktop.filePath(name), {});
-            App::instance()->Event_Close();
+            App::instance()->removeDesktopLeftover();
             QCOMPARE(QFile::exists(desktop.filePath(".foo.jpg")), desktopIsHome);
             QVERIFY(QFile::exists(desktop.filePath("foo.jpg")));
         }

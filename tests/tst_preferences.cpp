@@ -4,12 +4,12 @@
 #include <QLabel>
 #include <QTest>
 
-#include "auxwindows/windowabout.h"
-#include "mainwindow/windowmain.h"
+#include "auxwindows/aboutwindow.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/sharedwindow.h"
 #include "platform/slider.h"
 #include "platform/specialfolders.h"
-#include "preferences/windowpreferences.h"
+#include "preferences/preferenceswindow.h"
 #include "preview/imagecanvas.h"
 #include "support/testenvironment.h"
 #include "support/testpictures.h"
@@ -17,7 +17,7 @@
 namespace {
 template <class Control = QWidget>
 Control* control(const char* name) {
-    return existingInstance<WindowPreferences>()->findChild<Control*>(name);
+    return existingInstance<PreferencesWindow>()->findChild<Control*>(name);
 }
 void click(const char* name) {
     QTest::mouseClick(control(name), Qt::LeftButton);
@@ -30,17 +30,17 @@ void deleteClosedWindows() {
 QString shown() {
     QStringList checked;
     for (const auto* button :
-         existingInstance<WindowPreferences>()->findChildren<QAbstractButton*>())
+         existingInstance<PreferencesWindow>()->findChildren<QAbstractButton*>())
         if (button->isChecked()) checked << button->objectName();
     checked.sort();
-    const auto* quality = control<QComboBox>("PopupMenuQuality");
-    const auto* description = control<QLabel>("LabelQuality");
+    const auto* quality = control<QComboBox>("qualityBox");
+    const auto* description = control<QLabel>("qualityLabel");
     return QString("%1|%2|%3|%4|%5|%6")
-        .arg(checked.join(' '), control<QLabel>("LabelPath")->text(),
+        .arg(checked.join(' '), control<QLabel>("savePathLabel")->text(),
              QString(quality->isEnabled() ? "%1" : "(%1)").arg(quality->currentText()),
              description->isVisible() ? description->text() : "",
-             control<QLabel>("LabelFrameWidth")->text(),
-             QString::number(control("RectangleFrame")->height()));
+             control<QLabel>("frameWidthLabel")->text(),
+             QString::number(control("frameSample")->height()));
 }
 
 // The settings of App: the file holds the first five, the window changes all but the first.
@@ -60,7 +60,7 @@ QString preferenceFile() {
 void load(const QByteArray& content) {
     QDir().mkpath(SpecialFolder::Preferences());
     writeBytes(preferenceFile(), content);
-    App::instance()->loadPrefs();
+    App::instance()->loadPreferences();
 }
 }  // namespace
 
@@ -74,7 +74,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(App::instance()->windowMain()));
     }
     void cleanup() {
-        if (existingInstance<WindowPreferences>()) existingInstance<WindowPreferences>()->close();
+        if (existingInstance<PreferencesWindow>()) existingInstance<PreferencesWindow>()->close();
         deleteClosedWindows();
         dialogs.clear();
     }
@@ -82,65 +82,65 @@ private slots:
     // Escape leaves every setting as it was; OK stores them all and repaints the preview.
     void okStoresEverySettingAndEscapeNone() {
         const QString before = settings();
-        App::instance()->_Preferences_Action();
-        QCOMPARE(existingInstance<WindowPreferences>()->parentWidget(),
+        App::instance()->showPreferences();
+        QCOMPARE(existingInstance<PreferencesWindow>()->parentWidget(),
                  App::instance()->windowMain());
         for (const char* name :
-             {"savePathButton_2", "saveImageFormat_1", "CheckBoxPrefs", "RadioButtonFrame_1"})
+             {"picturesButton", "jpegButton", "openAtStartCheckBox", "frameButton"})
             click(name);
-        control<Slider>("SliderFrameWidth")->setValue(3);
+        control<Slider>("frameWidthSlider")->setValue(3);
         dialogs.colours.enqueue(QColor(Qt::green));
-        click("PushButtonColor");
-        QTest::keyClick(existingInstance<WindowPreferences>(), Qt::Key_Escape);
+        click("frameColourButton");
+        QTest::keyClick(existingInstance<PreferencesWindow>(), Qt::Key_Escape);
         QCOMPARE(settings(), before);
         deleteClosedWindows();  // a window left open would show its changes at the next opening
 
-        App::instance()->_Preferences_Action();
+        App::instance()->showPreferences();
         // Frame width 0 asks the slider for less than its minimum: it stands at 1 and says so.
         QCOMPARE(shown(),
-                 "RadioButtonFrame_0 saveImageFormat_0 savePathButton_0|Default path ...|"
+                 "desktopButton noFrameButton pngButton|Default path ...|"
                  "Min. quality|Smallest file size, very low quality|1px|1");
         for (const char* name :
-             {"savePathButton_1", "saveImageFormat_1", "CheckBoxPrefs", "RadioButtonFrame_1"})
+             {"documentsButton", "jpegButton", "openAtStartCheckBox", "frameButton"})
             click(name);
-        control<QComboBox>("PopupMenuQuality")->setCurrentIndex(3);
-        control<Slider>("SliderFrameWidth")->setValue(12);
+        control<QComboBox>("qualityBox")->setCurrentIndex(3);
+        control<Slider>("frameWidthSlider")->setValue(12);
         const QString documents = SpecialFolder::Documents() + "/";
-        QCOMPARE(shown(), "CheckBoxPrefs RadioButtonFrame_1 saveImageFormat_1 savePathButton_1|" +
+        QCOMPARE(shown(), "documentsButton frameButton jpegButton openAtStartCheckBox|" +
                               documents + "|Low quality|Small file size, low quality|12px|12");
-        click("saveImageFormat_0");  // PNG is lossless: no quality to choose
-        QCOMPARE(shown(), "CheckBoxPrefs RadioButtonFrame_1 saveImageFormat_0 savePathButton_1|" +
-                              documents + "|(Low quality)||12px|12");
+        click("pngButton");  // PNG is lossless: no quality to choose
+        QCOMPARE(shown(), "documentsButton frameButton openAtStartCheckBox pngButton|" + documents +
+                              "|(Low quality)||12px|12");
         dialogs.colours.enqueue(QColor(200, 10, 10));
-        click("PushButtonColor");
+        click("frameColourButton");
 
         PaintCounter counter;
         App::instance()->windowMain()->imageCanvas()->installEventFilter(&counter);
         QTest::qWait(50);
         counter.paints = 0;
-        click("PushButton2");
+        click("okButton");
         QCOMPARE(settings().section('|', 1), QString("25|PNG|Documents|yes|12|#c80a0a"));
         QTRY_VERIFY(counter.paints > 0);
         deleteClosedWindows();
 
         // The next opening shows what App holds now; only a change of format turns the popup off.
         // A cancelled picker keeps the colour shown; with "No" the slider's width is not taken.
-        App::instance()->_Preferences_Action();
-        QCOMPARE(shown(), "CheckBoxPrefs RadioButtonFrame_1 saveImageFormat_0 savePathButton_1|" +
-                              documents + "|Low quality|Small file size, low quality|12px|12");
-        click("PushButtonColor");
+        App::instance()->showPreferences();
+        QCOMPARE(shown(), "documentsButton frameButton openAtStartCheckBox pngButton|" + documents +
+                              "|Low quality|Small file size, low quality|12px|12");
+        click("frameColourButton");
         QCOMPARE(dialogs.colourPickerStarts.last(), QColor(Qt::white));
         QCOMPARE(dialogs.colourPrompts.last(), "Select a Color");
-        click("RadioButtonFrame_0");
-        click("PushButton2");
+        click("noFrameButton");
+        click("okButton");
         QCOMPARE(settings().section('|', 1), QString("25|PNG|Documents|yes|0|#c80a0a"));
     }
 
     void withoutAFileTheDefaultsComeAndTheAboutWindowShows() {
-        App::instance()->loadPrefs();
+        App::instance()->loadPreferences();
         QCOMPARE(settings().section('|', 0, 4), QString("720|80|PNG|Desktop|yes"));
-        QVERIFY(existingInstance<WindowAbout>() && existingInstance<WindowAbout>()->isVisible());
-        existingInstance<WindowAbout>()->close();
+        QVERIFY(existingInstance<AboutWindow>() && existingInstance<AboutWindow>()->isVisible());
+        existingInstance<AboutWindow>()->close();
     }
 
     void damagedFilesAreReadAsFarAsTheyGo_data() {
@@ -172,7 +172,7 @@ private slots:
         App::instance()->preferences().mainWinWidth = 1000;
         App::instance()->preferences().mainWinHeight = 700;
         QVERIFY(QFile::remove(preferenceFile()));
-        App::instance()->SavePrefs();
+        App::instance()->savePreferences();
         QFile file(preferenceFile());
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), kWritten);

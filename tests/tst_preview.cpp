@@ -5,7 +5,7 @@
 #include <QRadioButton>
 #include <QToolButton>
 
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/slider.h"
 #include "preview/imagecanvas.h"
 #include "preview/sizecontrols.h"
@@ -44,9 +44,9 @@ class PreviewTest : public QObject {
     QLineEdit* wanted = new QLineEdit(&window);
     QRadioButton* byWidth = new QRadioButton(&window);
     QRadioButton* byHeight = new QRadioButton(&window);
-    QWidget* wRect = new QWidget(&window);
-    QWidget* hRect = new QWidget(&window);
-    QLabel* info = new QLabel(&window);
+    QWidget* widthGuide = new QWidget(&window);
+    QWidget* heightGuide = new QWidget(&window);
+    QLabel* infoLabel = new QLabel(&window);
     ImageCanvas* canvas = new ImageCanvas(&window);
     Slider* slider = new Slider(&window);
     SizeControls sizeControls{{wanted, slider, byWidth, byHeight, canvas},
@@ -68,7 +68,8 @@ private slots:
     void initTestCase() {
         window.resize(3300, 2200);  // room for the largest worked example
         canvas->move(245, 74);
-        canvas->bind({wanted, byWidth, wRect, hRect, info}, App::instance()->preferences());
+        canvas->bind({wanted, byWidth, widthGuide, heightGuide, infoLabel},
+                     App::instance()->preferences());
         slider->setRange(0, 20000);
         App::instance()->preferences().bordColor = QColor(kFrame);
         QVERIFY(quarters({1600, 1067}).save(photo));
@@ -136,9 +137,10 @@ private slots:
         const PeakMemory memory;
         paint(file, size, frame);
         QVERIFY2(memory.megabytes() < megabytes, qPrintable(QString::number(memory.megabytes())));
-        QCOMPARE(info->text(), file.endsWith("huge.png")
-                                   ? "This image is too large to preview (10240 × 10000 pixels)."
-                                   : QString("Ready to create the gallery!"));
+        QCOMPARE(infoLabel->text(),
+                 file.endsWith("huge.png")
+                     ? "This image is too large to preview (10240 × 10000 pixels)."
+                     : QString("Ready to create the gallery!"));
         if (preview.isEmpty()) {  // nothing changes
             QVERIFY(!canvas->picture());
             QCOMPARE(canvas->size(), before.size());
@@ -147,9 +149,9 @@ private slots:
         }
         const bool widthMode = size.startsWith('w');
         QCOMPARE(canvas->geometry(), QRect(QPoint(245, 74), preview));
-        QVERIFY(wRect->isVisibleTo(&window) == widthMode &&
-                hRect->isVisibleTo(&window) != widthMode);
-        QCOMPARE(widthMode ? wRect->width() : hRect->height(),
+        QVERIFY(widthGuide->isVisibleTo(&window) == widthMode &&
+                heightGuide->isVisibleTo(&window) != widthMode);
+        QCOMPARE(widthMode ? widthGuide->width() : heightGuide->height(),
                  widthMode ? preview.width() : preview.height());
         // Drawn at the screen's pixel density, as the composed preview is; the thin picture's
         // would take 800 MB at two pixels a point.
@@ -214,19 +216,19 @@ private slots:
     void followsTheMainWindowFromItsOpening() {
         App* app = App::instance();
         app->start();
-        WindowMain* main = app->windowMain();
+        MainWindow* main = app->windowMain();
         QCoreApplication::processEvents();
         // The field's first text falls to the slider's single position; the placeholder shows.
-        QCOMPARE(main->findChild<QLineEdit*>("resizedWidth")->text(), QString("360"));
+        QCOMPARE(main->findChild<QLineEdit*>("previewSizeField")->text(), QString("360"));
         QCOMPARE(app->preferences().lastSize, 360);
         QCOMPARE(main->imageCanvas()->picture(), pictures::hubble());
         QCOMPARE(main->imageCanvas()->geometry(), QRect(245, 74, 360, 240));
         // Icons are drawn for the screen's density, not scaled up from a smaller one.
-        const auto* help = main->findChild<QToolButton*>("BevelButton2");
+        const auto* help = main->findChild<QToolButton*>("helpButton");
         QCOMPARE(help->icon().pixmap(help->iconSize(), ratio).size(), help->iconSize() * ratio);
 
         // The height button repaints at once.
-        main->findChild<QRadioButton*>("RadioButtonHeight")->click();
+        main->findChild<QRadioButton*>("byHeightButton")->click();
         QCoreApplication::processEvents();
         QCOMPARE(main->imageCanvas()->size(), QSize(540, 360));
     }

@@ -23,15 +23,15 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "auxwindows/velmorahelp.h"
-#include "auxwindows/windowabout.h"
-#include "auxwindows/windowabout2.h"
-#include "auxwindows/windowprogess.h"
+#include "auxwindows/aboutwindow.h"
+#include "auxwindows/helpwindow.h"
+#include "auxwindows/logowindow.h"
+#include "auxwindows/progresswindow.h"
 #include "mainwindow/mainmenubar.h"
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/dialogs.h"
 #include "platform/sharedwindow.h"
-#include "preferences/windowpreferences.h"
+#include "preferences/preferenceswindow.h"
 #include "preview/imagecanvas.h"
 #include "samplefolders.h"
 #include "support/testenvironment.h"
@@ -111,9 +111,9 @@ private:
         // the round before; repainting it now shows that count.
         const auto connection = QObject::connect(
             &App::instance()->gallery().images(), &ImageCatalogue::progressTextChanged, [&] {
-                WindowProgess* progress = existingInstance<WindowProgess>();
-                if (caught || !progress || progress->progressInfoText() != kProgressCaught) return;
-                progress->Refresh(WindowProgess::Repaint::Now);
+                ProgressWindow* progress = existingInstance<ProgressWindow>();
+                if (caught || !progress || progress->countLabel() != kProgressCaught) return;
+                progress->refresh(ProgressWindow::Repaint::Now);
                 grab("03-progress-during-drop");
                 caught = true;
             });
@@ -126,16 +126,16 @@ private:
     // The gallery starts from an empty list; "Clear all" asks first, and the tour answers Yes.
     void clearList() {
         TestEnvironment::dialogs().answers.enqueue(true);
-        control<QPushButton>(main_, "clearBtn")->click();
-        if (App::instance()->gallery().images().ListCount() != 0)
+        control<QPushButton>(main_, "clearListButton")->click();
+        if (App::instance()->gallery().images().imageCount() != 0)
             throw std::runtime_error("the list stayed full");
         settle();
     }
 
     void select(const QString& name) {
         ImageCatalogue& catalogue = App::instance()->gallery().images();
-        for (int row = 0; row < catalogue.ListCount(); ++row)
-            if (catalogue.Cell(row, 1) == name) catalogue.setListIndex(row);
+        for (int row = 0; row < catalogue.imageCount(); ++row)
+            if (catalogue.cell(row, 1) == name) catalogue.selectRow(row);
         settle();
     }
 
@@ -147,14 +147,14 @@ private:
         select(QStringLiteral("Château d'Èze.jpg"));
         grab("02-main-portrait-photo");
         ImageCatalogue& catalogue = App::instance()->gallery().images();
-        for (int row = 0; row < catalogue.ListCount(); ++row)
-            if (catalogue.Cell(row, 1) == QStringLiteral("Plage à Nice.jpg"))
+        for (int row = 0; row < catalogue.imageCount(); ++row)
+            if (catalogue.cell(row, 1) == QStringLiteral("Plage à Nice.jpg"))
                 catalogue.moveRowsTo({row}, 0);
-        catalogue.setListIndex(0);
+        catalogue.selectRow(0);
         settle();
-        typeInto(control<QLineEdit>(main_, "imgCaption"),
+        typeInto(control<QLineEdit>(main_, "captionField"),
                  QStringLiteral("Sunset over the Baie des Anges, à bientôt!"));
-        typeInto(control<QLineEdit>(main_, "galleryTitle"), QStringLiteral("Côte d'Azur"));
+        typeInto(control<QLineEdit>(main_, "titleField"), QStringLiteral("Côte d'Azur"));
         // What the preferences' OK does with a frame chosen.
         Preferences& preferences = App::instance()->preferences();
         preferences.frameWidth = 8;
@@ -167,10 +167,10 @@ private:
     // The page of the gallery is written, the list cleared and the folder dropped again: the real
     // question box comes up, is caught on screen and answered Yes.
     void reopened() {
-        control<QPushButton>(main_, "BevelButton1")->click();
+        control<QPushButton>(main_, "writePageButton")->click();
         clearList();
         // As after a restart: the title comes back from the page.
-        control<QLineEdit>(main_, "galleryTitle")->clear();
+        control<QLineEdit>(main_, "titleField")->clear();
         platform::installDialogs(nullptr);
         QTimer poll;
         QObject::connect(&poll, &QTimer::timeout, [this, &poll] {
@@ -185,18 +185,18 @@ private:
         poll.start(50);
         dropFolder(main_, gallery_);
         platform::installDialogs(&TestEnvironment::dialogs());
-        if (App::instance()->gallery().images().Cell(0, 7).isEmpty())
+        if (App::instance()->gallery().images().cell(0, 7).isEmpty())
             throw std::runtime_error("the gallery was not reopened");
         settle();
         grab("11-main-reopened");
     }
 
     void help() {
-        control<QToolButton>(main_, "BevelButton2")->click();
-        VelmoraHelp* window = openWindow<VelmoraHelp>();
+        control<QToolButton>(main_, "helpButton")->click();
+        HelpWindow* window = openWindow<HelpWindow>();
         settle();
         grab("04-help-english");
-        auto* tabs = control<QTabWidget>(window, "TabPanel1");
+        auto* tabs = control<QTabWidget>(window, "languageTabs");
         tabs->setCurrentIndex(5);
         settle();
         grab("05-help-nihongo");
@@ -208,22 +208,22 @@ private:
     }
 
     void about() {
-        App::instance()->menuBar().About->trigger();
-        WindowAbout* window = openWindow<WindowAbout>();
+        App::instance()->menuBar().aboutItem->trigger();
+        AboutWindow* window = openWindow<AboutWindow>();
         settle();
         grab("07-about");
-        QTest::mouseClick(control<QLabel>(window, "ImageWell1"), Qt::LeftButton);
-        WindowAbout2* logo = openWindow<WindowAbout2>();
+        QTest::mouseClick(control<QLabel>(window, "logo"), Qt::LeftButton);
+        LogoWindow* logo = openWindow<LogoWindow>();
         settle();
         grab("08-about-logo");
-        QTest::mouseClick(control<QLabel>(logo, "ImageWell1"), Qt::LeftButton);
-        control<QPushButton>(window, "PushButtonClose")->click();
+        QTest::mouseClick(control<QLabel>(logo, "logo"), Qt::LeftButton);
+        control<QPushButton>(window, "closeButton")->click();
         settle();
     }
 
     void preferences() {
-        App::instance()->menuBar().Preferences->trigger();
-        WindowPreferences* window = openWindow<WindowPreferences>();
+        App::instance()->menuBar().preferencesItem->trigger();
+        PreferencesWindow* window = openWindow<PreferencesWindow>();
         settle();
         grab("09-preferences");
         control<QPushButton>(window, "PushButton1")->click();
@@ -248,7 +248,7 @@ private:
     QString output_;
     QStringList unsaved_;
     QTemporaryDir pictures_;
-    WindowMain* main_ = nullptr;
+    MainWindow* main_ = nullptr;
     QString gallery_;
 };
 

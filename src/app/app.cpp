@@ -11,7 +11,7 @@
 
 #include "app/identity.h"
 #include "mainwindow/mainmenubar.h"
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/dialogs.h"
 #include "platform/nativename.h"
 #include "platform/specialfolders.h"
@@ -25,32 +25,33 @@ App::App(int& argc, char** argv) : QApplication(argc, argv) {
     setDesktopFileName(QStringLiteral(VELMORA_APPLICATION_ID));
     setWindowIcon(pictures::iconOf(pictures::pebble512()));
     menuBar_ = new MainMenuBar(this);
-    bindMenuHandlers();
-    connect(this, &QCoreApplication::aboutToQuit, this, &App::Event_Close);
+    connectMenuItems();
+    connect(this, &QCoreApplication::aboutToQuit, this, &App::removeDesktopLeftover);
 }
 
 App::~App() {
     delete windowMain_;
 }
 
-WindowMain* App::windowMain() const {
+MainWindow* App::windowMain() const {
     return windowMain_;
 }
 
-void App::bindMenuHandlers() {
-    connect(menuBar_->Save, &QAction::triggered, this, [this] { _Save_Action(0); });
-    connect(menuBar_->About, &QAction::triggered, this, &App::_About_Action);
-    connect(menuBar_->Preferences, &QAction::triggered, this, &App::_Preferences_Action);
-    connect(menuBar_->RestoreNames, &QAction::triggered, this, &App::_RestoreNames_Action);
-    connect(menuBar_->OpenFolder, &QAction::triggered, this, &App::_OpenFolder_Action);
-    connect(menuBar_->FileQuit, &QAction::triggered, this, [this] {
-        if (!Event_CancelClose()) quit();
+void App::connectMenuItems() {
+    connect(menuBar_->writePageItem, &QAction::triggered, this, [this] { writePageFromMenu(0); });
+    connect(menuBar_->aboutItem, &QAction::triggered, this, &App::showAbout);
+    connect(menuBar_->preferencesItem, &QAction::triggered, this, &App::showPreferences);
+    connect(menuBar_->restoreNamesItem, &QAction::triggered, this,
+            &App::restoreOriginalNamesFromMenu);
+    connect(menuBar_->openFolderItem, &QAction::triggered, this, &App::chooseFolderToOpen);
+    connect(menuBar_->quitItem, &QAction::triggered, this, [this] {
+        if (!closeIsRefused()) quit();
     });
 }
 
 void App::start() {
-    windowMain_ = new WindowMain(gallery_, preferences_, *menuBar_);
-    windowMain_->Event_Open();
+    windowMain_ = new MainWindow(gallery_, preferences_, *menuBar_);
+    windowMain_->fillFromPreferences();
     windowMain_->show();
 }
 
@@ -75,11 +76,11 @@ bool App::event(QEvent* event) {
     return true;
 }
 
-bool App::Event_CancelClose() {
+bool App::closeIsRefused() {
     return false;
 }
 
-void App::Event_Close() {
+void App::removeDesktopLeftover() {
     // Where no Desktop folder is set up, the home folder stands in for it, and a file of the
     // user's there is none of ours.
     const QString desktop = QFileInfo(SpecialFolder::Desktop()).canonicalFilePath();
@@ -89,9 +90,9 @@ void App::Event_Close() {
     if (QFileInfo::exists(leftover)) QFile::remove(leftover);
 }
 
-bool App::_Save_Action(int) {
+bool App::writePageFromMenu(int) {
     // The shortcut can fire while the menu's enabling is stale: never write without rows.
-    if (!windowMain_ || gallery_.images().ListCount() == 0) {
+    if (!windowMain_ || gallery_.images().imageCount() == 0) {
         platform::beep();
         return true;
     }
@@ -99,12 +100,12 @@ bool App::_Save_Action(int) {
     return true;
 }
 
-bool App::_RestoreNames_Action() {
+bool App::restoreOriginalNamesFromMenu() {
     gallery_.restoreOriginalNames();
     return true;
 }
 
-bool App::_OpenFolder_Action() {
+bool App::chooseFolderToOpen() {
     // The chosen folder takes the road of a dropped one.
     const QString folder = platform::chooseFolder();
     if (windowMain_ && !folder.isEmpty()) gallery_.openFolder(folder);

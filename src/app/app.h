@@ -8,7 +8,7 @@
 #include "preferences/preferences.h"
 
 class MainMenuBar;
-class WindowMain;
+class MainWindow;
 
 // The one application object: it starts the program, holds the state that more than one
 // window needs, answers the menu items that no window owns, and tidies up at the end.
@@ -27,16 +27,16 @@ public:
     void openFolder(const QString& path);
 
     // Start, menu and stop events.
-    bool Event_CancelClose();
-    void Event_Close();
-    bool _Save_Action(int index);
-    bool _About_Action();
-    bool _Preferences_Action();
-    bool _RestoreNames_Action();
-    bool _OpenFolder_Action();
+    bool closeIsRefused();
+    void removeDesktopLeftover();
+    bool writePageFromMenu(int index);
+    bool showAbout();
+    bool showPreferences();
+    bool restoreOriginalNamesFromMenu();
+    bool chooseFolderToOpen();
 
-    void SavePrefs();
-    void loadPrefs();
+    void savePreferences();
+    void loadPreferences();
 
     // The gallery that the main window shows.
     Gallery& gallery() { return gallery_; }
@@ -44,7 +44,7 @@ public:
 
     MainMenuBar& menuBar() { return *menuBar_; }
     // The main window; nullptr before start() and after it closed.
-    WindowMain* windowMain() const;
+    MainWindow* windowMain() const;
 
     // An exception that reaches the event loop is shown to the user, and the program goes on.
     bool notify(QObject* receiver, QEvent* event) override;
@@ -54,10 +54,10 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void bindMenuHandlers();
+    void connectMenuItems();
 
     Gallery gallery_;
     Preferences preferences_;
     MainMenuBar* menuBar_ = nullptr;
-    QPointer<WindowMain> windowMain_;
+    QPointer<MainWindow> windowMain_;
 };

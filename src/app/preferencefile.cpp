@@ -7,8 +7,8 @@
 
 #include "app/app.h"
 #include "app/savedpreferences.h"
-#include "auxwindows/windowabout.h"
-#include "mainwindow/windowmain.h"
+#include "auxwindows/aboutwindow.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/sharedwindow.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
@@ -21,7 +21,7 @@ QString preferenceFilePath() {
 
 // The window's size is the size of its control area: where the menu bar lives inside the
 // window, the window is taller by the menu bar's height.
-void setControlAreaSize(WindowMain* window, QSize size) {
+void setControlAreaSize(MainWindow* window, QSize size) {
     QSize chrome(0, 0);
     if (QWidget* area = window->centralWidget()) {
         window->layout()->activate();
@@ -34,7 +34,7 @@ void setControlAreaSize(WindowMain* window, QSize size) {
 
 }  // namespace
 
-void App::loadPrefs() {
+void App::loadPreferences() {
     QFile file(preferenceFilePath());
     if (!file.exists()) {
         preferences_.lastSize = 720;
@@ -42,7 +42,7 @@ void App::loadPrefs() {
         preferences_.imageFormat = QStringLiteral("PNG");
         preferences_.savePath = QStringLiteral("Desktop");
         preferences_.openPrefs = QStringLiteral("yes");
-        sharedInstance<WindowAbout>()->Show(windowMain());
+        sharedInstance<AboutWindow>()->showOver(windowMain());
         return;
     }
     file.open(QIODevice::ReadOnly);
@@ -52,10 +52,10 @@ void App::loadPrefs() {
     preferences_.imageFormat = saved.imageFormat;
     preferences_.savePath = saved.savePath;
     preferences_.openPrefs = saved.openPrefs;
-    if (WindowMain* window = windowMain()) setControlAreaSize(window, saved.windowSize);
+    if (MainWindow* window = windowMain()) setControlAreaSize(window, saved.windowSize);
 }
 
-void App::SavePrefs() {
+void App::savePreferences() {
     QDir().mkpath(SpecialFolder::Preferences());
     QSaveFile file(preferenceFilePath());
     if (!file.open(QIODevice::WriteOnly)) return;

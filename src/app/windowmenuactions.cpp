@@ -1,16 +1,16 @@
 // The menu items of App that open a window of their own.
 #include "app/app.h"
-#include "auxwindows/windowabout.h"
-#include "mainwindow/windowmain.h"
+#include "auxwindows/aboutwindow.h"
+#include "mainwindow/mainwindow.h"
 #include "platform/sharedwindow.h"
-#include "preferences/windowpreferences.h"
+#include "preferences/preferenceswindow.h"
 
-bool App::_About_Action() {
-    sharedInstance<WindowAbout>()->Show(windowMain());
+bool App::showAbout() {
+    sharedInstance<AboutWindow>()->showOver(windowMain());
     return true;
 }
 
-bool App::_Preferences_Action() {
-    sharedInstance<WindowPreferences>(preferences_)->ShowWithin(windowMain());
+bool App::showPreferences() {
+    sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(windowMain());
     return true;
 }

@@ -18,11 +18,11 @@ void DialogWindow::escapePressed() {
     close();
 }
 
-void SheetWindow::Show() {
-    ShowWithin(nullptr);
+void SheetWindow::showAsSheet() {
+    showAsSheetOver(nullptr);
 }
 
-void SheetWindow::ShowWithin(QWidget* parent) {
+void SheetWindow::showAsSheetOver(QWidget* parent) {
     if (parent && parent != parentWidget()) {
         Qt::WindowFlags flags = windowFlags();
 #ifdef Q_OS_MACOS

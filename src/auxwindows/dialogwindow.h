@@ -23,7 +23,7 @@ public:
     using DialogWindow::DialogWindow;
 
     // Over the window it was last shown within, if any.
-    void Show();
+    void showAsSheet();
     // Over `parent`.
-    void ShowWithin(QWidget* parent);
+    void showAsSheetOver(QWidget* parent);
 };

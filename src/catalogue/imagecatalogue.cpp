@@ -22,8 +22,8 @@ ImageCatalogue::ImageCatalogue(QObject* parent) : QAbstractTableModel(parent), s
     });
 }
 
-void ImageCatalogue::AddRow(const QString& pictureName) {
-    const int row = ListCount();
+void ImageCatalogue::addRow(const QString& pictureName) {
+    const int row = imageCount();
     beginInsertRows({}, row, row);
     CatalogueRow added;
     added.pictureName = pictureName;
@@ -32,19 +32,19 @@ void ImageCatalogue::AddRow(const QString& pictureName) {
     lastIndex_ = row;
 }
 
-QString ImageCatalogue::Cell(int row, int column) const {
-    if (row < 0 || row >= ListCount()) return {};
+QString ImageCatalogue::cell(int row, int column) const {
+    if (row < 0 || row >= imageCount()) return {};
     return rows_[row].cell(column);
 }
 
 void ImageCatalogue::setCell(int row, int column, const QString& text) {
-    if (row < 0 || row >= ListCount()) return;
+    if (row < 0 || row >= imageCount()) return;
     rows_[row].setCell(column, text);
     if (column >= 0 && column < kVisibleColumns)
         emit dataChanged(index(row, column), index(row, column));
 }
 
-int ImageCatalogue::ListIndex() const {
+int ImageCatalogue::selectedRow() const {
     // Asked at every selection change: walking the selected ranges from the top stays cheap when
     // thousands of rows are selected, where listing every selected row would not.
     QItemSelection ranges = selection_.selection();
@@ -59,17 +59,17 @@ int ImageCatalogue::ListIndex() const {
     return -1;
 }
 
-void ImageCatalogue::setListIndex(int row) {
+void ImageCatalogue::selectRow(int row) {
     {
         const QScopedValueRollback quiet(holdChange_, true);
-        if (row >= 0 && row < ListCount()) {
+        if (row >= 0 && row < imageCount()) {
             selection_.select(index(row, 0),
                               QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         } else {
             selection_.clear();
         }
     }
-    makeCurrentSoon(row >= 0 && row < ListCount() ? index(row, 0) : QModelIndex());
+    makeCurrentSoon(row >= 0 && row < imageCount() ? index(row, 0) : QModelIndex());
     emit Change();
 }
 
@@ -90,24 +90,24 @@ void ImageCatalogue::makeCurrentSoon(const QModelIndex& row) {
         Qt::QueuedConnection);
 }
 
-int ImageCatalogue::SelCount() const {
+int ImageCatalogue::selectedCount() const {
     return static_cast<int>(selection_.selectedRows().size());
 }
 
-bool ImageCatalogue::Selected(int row) const {
-    return row >= 0 && row < ListCount() && selection_.isRowSelected(row, {});
+bool ImageCatalogue::isSelected(int row) const {
+    return row >= 0 && row < imageCount() && selection_.isRowSelected(row, {});
 }
 
 QString ImageCatalogue::Text() const {
-    return Cell(ListIndex(), 0);
+    return cell(selectedRow(), 0);
 }
 
 void ImageCatalogue::setText(const QString& text) {
-    setCell(ListIndex(), 0, text);
+    setCell(selectedRow(), 0, text);
 }
 
-void ImageCatalogue::RemoveRow(int row) {
-    if (row < 0 || row >= ListCount()) return;
+void ImageCatalogue::removeImageAt(int row) {
+    if (row < 0 || row >= imageCount()) return;
     // A removed row leaves the selection without anyone choosing: no Change, or every row taken
     // out would load a preview on its way.
     const QScopedValueRollback quiet(holdChange_, true);
@@ -117,7 +117,7 @@ void ImageCatalogue::RemoveRow(int row) {
     clampLastIndex();
 }
 
-void ImageCatalogue::DeleteAllRows() {
+void ImageCatalogue::removeAll() {
     beginResetModel();
     rows_.clear();
     endResetModel();
@@ -126,23 +126,23 @@ void ImageCatalogue::DeleteAllRows() {
 }
 
 void ImageCatalogue::clampLastIndex() {
-    lastIndex_ = std::min(lastIndex_, ListCount() - 1);
+    lastIndex_ = std::min(lastIndex_, imageCount() - 1);
 }
 
 void ImageCatalogue::moveRowsTo(QList<int> sourceRows, int destination) {
     std::sort(sourceRows.begin(), sourceRows.end());
     sourceRows.erase(std::unique(sourceRows.begin(), sourceRows.end()), sourceRows.end());
     sourceRows.erase(std::remove_if(sourceRows.begin(), sourceRows.end(),
-                                    [this](int r) { return r < 0 || r >= ListCount(); }),
+                                    [this](int r) { return r < 0 || r >= imageCount(); }),
                      sourceRows.end());
     if (sourceRows.isEmpty()) return;
-    destination = std::clamp(destination, 0, ListCount());
+    destination = std::clamp(destination, 0, imageCount());
 
     // The new order: the rows that stay, with the moved block put where `destination` stood.
     QList<int> order;  // order[newRow] = oldRow
-    for (int old = 0; old <= ListCount(); ++old) {
+    for (int old = 0; old <= imageCount(); ++old) {
         if (old == destination) order.append(sourceRows);
-        if (old < ListCount() && !sourceRows.contains(old)) order.append(old);
+        if (old < imageCount() && !sourceRows.contains(old)) order.append(old);
     }
     arrange(order);
 }
@@ -169,19 +169,19 @@ void ImageCatalogue::arrange(const QList<int>& order) {
 bool ImageCatalogue::moveRows(const QModelIndex& sourceParent, int sourceRow, int count,
                               const QModelIndex& destinationParent, int destinationChild) {
     if (sourceParent.isValid() || destinationParent.isValid() || count <= 0) return false;
-    if (sourceRow < 0 || sourceRow + count > ListCount()) return false;
+    if (sourceRow < 0 || sourceRow + count > imageCount()) return false;
     QList<int> block;
     for (int r = sourceRow; r < sourceRow + count; ++r) block.append(r);
     moveRowsTo(block, destinationChild);
     return true;
 }
 
-void ImageCatalogue::updateTheList() {
-    const int count = ListCount();
-    setListIndex(LastIndex());
-    setCountText(text::Str(ListCount()) +
+void ImageCatalogue::updateSelectionAndCounts() {
+    const int count = imageCount();
+    selectRow(lastAddedRow());
+    setCountText(text::Str(imageCount()) +
                  (count == 1 ? QStringLiteral(" image") : QStringLiteral(" images")));
-    progressText_ = text::Str(ListCount()) + QStringLiteral(" images added, please wait.");
+    progressText_ = text::Str(imageCount()) + QStringLiteral(" images added, please wait.");
     emit progressTextChanged(progressText_);
 }
 
@@ -196,7 +196,7 @@ void ImageCatalogue::setRenameFlag(const QString& flag) {
 }
 
 int ImageCatalogue::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ListCount();
+    return parent.isValid() ? 0 : imageCount();
 }
 
 int ImageCatalogue::columnCount(const QModelIndex& parent) const {
@@ -206,7 +206,7 @@ int ImageCatalogue::columnCount(const QModelIndex& parent) const {
 QVariant ImageCatalogue::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
     if (role == Qt::ToolTipRole) return {};  // the list's own tooltip speaks for every row
-    return nativeName::shown(Cell(index.row(), index.column()));
+    return nativeName::shown(cell(index.row(), index.column()));
 }
 
 QVariant ImageCatalogue::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -255,7 +255,7 @@ bool ImageCatalogue::dropMimeData(const QMimeData* data, Qt::DropAction action, 
     for (const QByteArray& number : data->data(kRowsMimeType).split(','))
         if (!number.isEmpty()) sourceRows.append(number.toInt());
     int destination = row;
-    if (destination < 0) destination = parent.isValid() ? parent.row() : ListCount();
+    if (destination < 0) destination = parent.isValid() ? parent.row() : imageCount();
     moveRowsTo(sourceRows, destination);
     // The rows have moved here already: answering false keeps the view from removing the
     // "source" rows as it would after an ordinary move between two models.

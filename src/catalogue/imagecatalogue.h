@@ -20,39 +20,39 @@ public:
 
     // Appends a row whose cell 0 is `pictureName`; it becomes the last added row. The selection
     // stays as it is.
-    void AddRow(const QString& pictureName);
-    QString Cell(int row, int column) const;
+    void addRow(const QString& pictureName);
+    QString cell(int row, int column) const;
     void setCell(int row, int column, const QString& text);
-    int ListCount() const { return static_cast<int>(rows_.size()); }
-    // The row that AddRow added last, kept on an existing row after removals; -1 when empty.
-    int LastIndex() const { return lastIndex_; }
+    int imageCount() const { return static_cast<int>(rows_.size()); }
+    // The row that addRow added last, kept on an existing row after removals; -1 when empty.
+    int lastAddedRow() const { return lastIndex_; }
     // The first selected row, or -1.
-    int ListIndex() const;
+    int selectedRow() const;
     // Makes `row` the only selected row, and soon the current one, or selects nothing when `row`
     // names no row, and runs Change before returning, also when the selection was already that
     // row.
-    void setListIndex(int row);
-    int SelCount() const;
-    bool Selected(int row) const;
+    void selectRow(int row);
+    int selectedCount() const;
+    bool isSelected(int row) const;
     // The first cell of the selected row; writing without a selection does nothing.
     QString Text() const;
     void setText(const QString& text);
     // Removes the row; a selection that goes with it raises no Change.
-    void RemoveRow(int row);
-    void DeleteAllRows();
+    void removeImageAt(int row);
+    void removeAll();
 
     const QList<CatalogueRow>& rows() const { return rows_; }
     QItemSelectionModel* selectionModel() { return &selection_; }
 
     // Moves the given rows, in their order, to stand before `destination` (a row index of the
-    // list before the move; ListCount() for the end). Whole rows move, captions included.
+    // list before the move; imageCount() for the end). Whole rows move, captions included.
     void moveRowsTo(QList<int> sourceRows, int destination);
     // Puts the rows in a new order: `order` lists every row once, by its index before the call,
     // in the order they are to stand. Whole rows move, as above.
     void arrange(const QList<int>& order);
 
     // Brings selection, count text and progress text up to date after the rows changed.
-    void updateTheList();
+    void updateSelectionAndCounts();
 
     QString countText() const { return countText_; }
     void setCountText(const QString& text);

@@ -29,7 +29,7 @@ QString listedColour(const QString& colour, const QString& current) {
 Gallery::Gallery(QObject* parent) : QObject(parent) {}
 
 void Gallery::openFolder(const QString& item) {
-    const bool emptyList = images_.ListCount() == 0;
+    const bool emptyList = images_.imageCount() == 0;
     // A gallery page stands for its folder, and handing it over already says what to do.
     std::optional<GalleryPageFile> page = readGalleryPageFile(item);
     const QString folder = page ? QFileInfo(item).absolutePath() : item;
@@ -50,8 +50,8 @@ void Gallery::addImagesOf(const QString& folder) {
     for (const QString& name : folderItemsByName(folder)) {
         const QFileInfo item(dir.filePath(name));
         if (const PicturePtr picture = Picture::open(item.filePath())) {
-            images_.AddRow(stripExtension(name));
-            const int row = images_.LastIndex();
+            images_.addRow(stripExtension(name));
+            const int row = images_.lastAddedRow();
             images_.setCell(row, 1, name);
             images_.setCell(row, 2, QDir::toNativeSeparators(item.absoluteFilePath()));
             images_.setCell(row, 3, imageTypeOfExtension(item.suffix()));
@@ -60,7 +60,7 @@ void Gallery::addImagesOf(const QString& folder) {
         }
         updateList();
     }
-    images_.setListIndex(0);
+    images_.selectRow(0);
     settings_.galleryPath = QDir::toNativeSeparators(folder) + QStringLiteral("/");
     emit settingsChanged();
 }
@@ -77,33 +77,33 @@ void Gallery::reopen(const GalleryPageFile& found) {
     settings_.captionColor = listedColour(page.captionColor, settings_.captionColor);
     settings_.fullPageWidth = page.fullPageWidth;
     emit settingsChanged();
-    images_.setListIndex(0);
+    images_.selectRow(0);
     if (!missing.isEmpty() && questions_) questions_->imagesMissing(missing);
 }
 
 void Gallery::updateList() {
-    images_.updateTheList();
+    images_.updateSelectionAndCounts();
     emit listUpdated();
 }
 
 void Gallery::removeSelectedImages() {
     // Backward, so that the rows still to be looked at keep their indexes.
-    for (int row = images_.ListCount() - 1; row >= 0; --row)
-        if (images_.Selected(row)) images_.RemoveRow(row);
+    for (int row = images_.imageCount() - 1; row >= 0; --row)
+        if (images_.isSelected(row)) images_.removeImageAt(row);
     updateList();
     images_.setRenameFlag(QStringLiteral("no"));
 }
 
 void Gallery::clear() {
-    images_.DeleteAllRows();
+    images_.removeAll();
     images_.setCountText(QStringLiteral("Empty list"));
     images_.setRenameFlag(QStringLiteral("no"));
 }
 
 void Gallery::restoreOriginalNames() {
     if (images_.renameFlag() != QStringLiteral("yes")) return;
-    for (int row = 0; row < images_.ListCount(); ++row)
-        images_.setCell(row, 0, stripExtension(images_.Cell(row, 1)));
+    for (int row = 0; row < images_.imageCount(); ++row)
+        images_.setCell(row, 0, stripExtension(images_.cell(row, 1)));
     images_.setRenameFlag(QStringLiteral("no"));
 }
 

@@ -12,10 +12,10 @@ QString comparable(const QString& name) {
 }  // namespace
 
 QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& slides) {
-    const int count = catalogue.ListCount();
+    const int count = catalogue.imageCount();
     QHash<QString, int> rowOfName;
     rowOfName.reserve(count);
-    for (int row = 0; row < count; ++row) rowOfName.insert(comparable(catalogue.Cell(row, 1)), row);
+    for (int row = 0; row < count; ++row) rowOfName.insert(comparable(catalogue.cell(row, 1)), row);
 
     QList<int> order;
     order.reserve(count);

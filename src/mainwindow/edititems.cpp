@@ -11,11 +11,11 @@
 EditItems::EditItems(MainMenuBar& menus) : QObject(&menus), menus_(menus) {
     using FieldEdit = void (*)(QLineEdit*);
     const std::pair<QAction*, FieldEdit> fieldEdits[] = {
-        {menus.EditUndo, [](QLineEdit* field) { field->undo(); }},
-        {menus.EditCut, [](QLineEdit* field) { field->cut(); }},
-        {menus.EditCopy, [](QLineEdit* field) { field->copy(); }},
-        {menus.EditPaste, [](QLineEdit* field) { field->paste(); }},
-        {menus.EditClear, [](QLineEdit* field) { field->del(); }},
+        {menus.undoItem, [](QLineEdit* field) { field->undo(); }},
+        {menus.cutItem, [](QLineEdit* field) { field->cut(); }},
+        {menus.copyItem, [](QLineEdit* field) { field->copy(); }},
+        {menus.pasteItem, [](QLineEdit* field) { field->paste(); }},
+        {menus.deleteItem, [](QLineEdit* field) { field->del(); }},
     };
     for (const auto& [item, edit] : fieldEdits) {
         // Copied by name: clang before 16 cannot capture a structured binding.
@@ -23,7 +23,7 @@ EditItems::EditItems(MainMenuBar& menus) : QObject(&menus), menus_(menus) {
             if (field_) edit(field_);
         });
     }
-    connect(menus.EditSelectAll, &QAction::triggered, this, [this] {
+    connect(menus.selectAllItem, &QAction::triggered, this, [this] {
         if (field_) field_->selectAll();
         if (list_) list_->selectAll();
     });
@@ -31,7 +31,7 @@ EditItems::EditItems(MainMenuBar& menus) : QObject(&menus), menus_(menus) {
             [this](QWidget*, QWidget* focused) { follow(focused); });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditItems::update);
     // Read-only and enabled changes send no signal: the menu looks again as it opens.
-    connect(menus.EditMenu, &QMenu::aboutToShow, this, &EditItems::update);
+    connect(menus.editMenu, &QMenu::aboutToShow, this, &EditItems::update);
     follow(QApplication::focusWidget());
 }
 
@@ -60,10 +60,10 @@ void EditItems::update() {
     const bool rowsToSelect = list_ && list_->model() && list_->model()->rowCount() > 0 &&
                               list_->selectionMode() != QAbstractItemView::NoSelection &&
                               list_->selectionMode() != QAbstractItemView::SingleSelection;
-    menus_.EditUndo->setEnabled(editable && field_->isUndoAvailable());
-    menus_.EditCut->setEnabled(editable && selected);
-    menus_.EditCopy->setEnabled(selected);
-    menus_.EditPaste->setEnabled(editable && clipboardText);
-    menus_.EditClear->setEnabled(editable && selected);
-    menus_.EditSelectAll->setEnabled((field_ && !field_->text().isEmpty()) || rowsToSelect);
+    menus_.undoItem->setEnabled(editable && field_->isUndoAvailable());
+    menus_.cutItem->setEnabled(editable && selected);
+    menus_.copyItem->setEnabled(selected);
+    menus_.pasteItem->setEnabled(editable && clipboardText);
+    menus_.deleteItem->setEnabled(editable && selected);
+    menus_.selectAllItem->setEnabled((field_ && !field_->text().isEmpty()) || rowsToSelect);
 }

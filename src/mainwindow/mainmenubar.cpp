@@ -24,50 +24,50 @@ QAction* separator(QObject* owner, const char* name) {
 }  // namespace
 
 MainMenuBar::MainMenuBar(QObject* parent) : QObject(parent) {
-    Untitled0();
-    Untitled1();
+    buildFileMenu();
+    buildEditMenu();
 }
 
 MainMenuBar::~MainMenuBar() {
-    delete FileMenu;
-    delete EditMenu;
+    delete fileMenu;
+    delete editMenu;
 }
 
-void MainMenuBar::Untitled0() {
-    FileMenu = new QMenu(QStringLiteral("&File"));
-    FileMenu->setObjectName(QStringLiteral("FileMenu"));
-    OpenFolder = item(this, "OpenFolder", QStringLiteral("Open Folder..."), QKeySequence::Open);
-    About = item(this, "About", QStringLiteral("About Velmora"), {}, QAction::AboutRole);
-    Rename = item(this, "Rename", QStringLiteral("Rename All images..."),
-                  QKeySequence(Qt::CTRL | Qt::Key_R));
-    RestoreNames = item(this, "RestoreNames", QStringLiteral("Restore original file names..."),
-                        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R));
-    Preferences = item(this, "Preferences", QStringLiteral("Preferences..."),
-                       QKeySequence(Qt::CTRL | Qt::Key_K), QAction::PreferencesRole);
-    Save = item(this, "Save", QStringLiteral("Write the gallery page"),
-                QKeySequence(Qt::CTRL | Qt::Key_S));
-    FileQuit = item(this, "FileQuit", QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q),
+void MainMenuBar::buildFileMenu() {
+    fileMenu = new QMenu(QStringLiteral("&File"));
+    fileMenu->setObjectName(QStringLiteral("FileMenu"));
+    openFolderItem = item(this, "OpenFolder", QStringLiteral("Open Folder..."), QKeySequence::Open);
+    aboutItem = item(this, "About", QStringLiteral("About Velmora"), {}, QAction::AboutRole);
+    renameItem = item(this, "Rename", QStringLiteral("Rename All images..."),
+                      QKeySequence(Qt::CTRL | Qt::Key_R));
+    restoreNamesItem = item(this, "RestoreNames", QStringLiteral("Restore original file names..."),
+                            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R));
+    preferencesItem = item(this, "Preferences", QStringLiteral("Preferences..."),
+                           QKeySequence(Qt::CTRL | Qt::Key_K), QAction::PreferencesRole);
+    writePageItem = item(this, "Save", QStringLiteral("Write the gallery page"),
+                         QKeySequence(Qt::CTRL | Qt::Key_S));
+    quitItem = item(this, "FileQuit", QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q),
                     QAction::QuitRole);
-    FileMenu->addAction(OpenFolder);
-    FileMenu->addAction(About);
-    FileMenu->addAction(Save);
-    FileMenu->addAction(FileQuit);
+    fileMenu->addAction(openFolderItem);
+    fileMenu->addAction(aboutItem);
+    fileMenu->addAction(writePageItem);
+    fileMenu->addAction(quitItem);
 }
 
-void MainMenuBar::Untitled1() {
-    EditMenu = new QMenu(QStringLiteral("&Edit"));
-    EditMenu->setObjectName(QStringLiteral("EditMenu"));
-    EditUndo = item(this, "EditUndo", QStringLiteral("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z));
-    EditSeparator1 = separator(this, "EditSeparator1");
-    EditCut = item(this, "EditCut", QStringLiteral("Cu&t"), QKeySequence(Qt::CTRL | Qt::Key_X));
-    EditCopy = item(this, "EditCopy", QStringLiteral("&Copy"), QKeySequence(Qt::CTRL | Qt::Key_C));
-    EditPaste =
+void MainMenuBar::buildEditMenu() {
+    editMenu = new QMenu(QStringLiteral("&Edit"));
+    editMenu->setObjectName(QStringLiteral("EditMenu"));
+    undoItem = item(this, "EditUndo", QStringLiteral("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z));
+    editSeparator1 = separator(this, "EditSeparator1");
+    cutItem = item(this, "EditCut", QStringLiteral("Cu&t"), QKeySequence(Qt::CTRL | Qt::Key_X));
+    copyItem = item(this, "EditCopy", QStringLiteral("&Copy"), QKeySequence(Qt::CTRL | Qt::Key_C));
+    pasteItem =
         item(this, "EditPaste", QStringLiteral("&Paste"), QKeySequence(Qt::CTRL | Qt::Key_V));
-    EditClear = item(this, "EditClear", QStringLiteral("&Delete"), {});
-    EditSeparator2 = separator(this, "EditSeparator2");
-    EditSelectAll = item(this, "EditSelectAll", QStringLiteral("Select &All"),
+    deleteItem = item(this, "EditClear", QStringLiteral("&Delete"), {});
+    editSeparator2 = separator(this, "EditSeparator2");
+    selectAllItem = item(this, "EditSelectAll", QStringLiteral("Select &All"),
                          QKeySequence(Qt::CTRL | Qt::Key_A));
-    EditMenu->addActions({EditUndo, EditSeparator1, EditCut, EditCopy, EditPaste, EditClear,
-                          EditSeparator2, EditSelectAll});
+    editMenu->addActions({undoItem, editSeparator1, cutItem, copyItem, pasteItem, deleteItem,
+                          editSeparator2, selectAllItem});
     new EditItems(*this);
 }

@@ -26,12 +26,12 @@ void installDesktop(Desktop* replacement) {
     installed = replacement;
 }
 
+void openFile(const QString& path) {
+    desktop().launch(path);
+}
+
+void openAddress(const QString& url) {
+    desktop().showURL(url);
+}
+
 }  // namespace platform
-
-void Launch(const QString& path) {
-    platform::desktop().launch(path);
-}
-
-void ShowURL(const QString& url) {
-    platform::desktop().showURL(url);
-}

@@ -23,7 +23,8 @@ namespace platform {
 // The desktop in use: the real one unless a test installed another (nullptr restores it).
 Desktop& desktop();
 void installDesktop(Desktop* replacement);
-}  // namespace platform
 
-void Launch(const QString& path);
-void ShowURL(const QString& url);
+// Opens a file in its default application, or an address in the default web browser.
+void openFile(const QString& path);
+void openAddress(const QString& url);
+}  // namespace platform

@@ -37,7 +37,7 @@ void ImageCanvas::showEvent(QShowEvent* event) {
 
 void ImageCanvas::layOut() {
     layoutPending_ = false;
-    if (!controls_.resizedWidth) return;  // not bound to a window yet
+    if (!controls_.previewSizeField) return;  // not bound to a window yet
 
     picture_ = path_.isEmpty() ? pictures::hubble() : Picture::open(path_);
     PreviewGeometry geometry;
@@ -46,9 +46,9 @@ void ImageCanvas::layOut() {
     const qreal ratio = devicePixelRatioF();
     QSize device;
     if (picture_) {
-        geometry =
-            previewGeometry(picture_->size(), controls_.RadioButtonWidth->isChecked(),
-                            text::Val(controls_.resizedWidth->text()), preferences_->frameWidth);
+        geometry = previewGeometry(picture_->size(), controls_.byWidthButton->isChecked(),
+                                   text::Val(controls_.previewSizeField->text()),
+                                   preferences_->frameWidth);
         // Even with no room left inside the frame, a file that cannot be decoded is no picture.
         const QRect inner = geometry.inner.isEmpty() ? QRect(0, 0, 1, 1) : geometry.inner;
         device = (QSizeF(inner.size()) * ratio).toSize();
@@ -99,8 +99,8 @@ QRect ImageCanvas::visibleArea(QSize size) const {
 }
 
 void ImageCanvas::showGuideLine(const PreviewGeometry& geometry) {
-    QWidget* line = geometry.widthMode ? controls_.wRect : controls_.hRect;
-    QWidget* other = geometry.widthMode ? controls_.hRect : controls_.wRect;
+    QWidget* line = geometry.widthMode ? controls_.widthGuide : controls_.heightGuide;
+    QWidget* other = geometry.widthMode ? controls_.heightGuide : controls_.widthGuide;
     other->setVisible(false);
     line->setVisible(true);
     if (geometry.widthMode)

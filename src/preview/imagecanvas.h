@@ -28,10 +28,10 @@ class ImageCanvas : public QWidget {
 public:
     // The main window's controls that the layout step reads and writes.
     struct Controls {
-        QLineEdit* resizedWidth = nullptr;
-        QRadioButton* RadioButtonWidth = nullptr;
-        QWidget* wRect = nullptr;
-        QWidget* hRect = nullptr;
+        QLineEdit* previewSizeField = nullptr;
+        QRadioButton* byWidthButton = nullptr;
+        QWidget* widthGuide = nullptr;
+        QWidget* heightGuide = nullptr;
         QLabel* info = nullptr;
     };
 

@@ -11,69 +11,68 @@
 
 SizeControls::SizeControls(const Controls& controls, Preferences& preferences, QObject* parent)
     : QObject(parent), controls_(controls), preferences_(preferences) {
-    controls_.resizedWidth->installEventFilter(this);
-    connect(controls_.resizedWidth, &QLineEdit::textChanged, this,
-            &SizeControls::resizedWidth_TextChange);
-    connect(controls_.SliderSize, &Slider::ValueChanged, this,
-            &SizeControls::SliderSize_ValueChanged);
-    connect(controls_.RadioButtonWidth, &QRadioButton::toggled, this, [this](bool selected) {
-        if (selected) RadioButtonWidth_Action();
+    controls_.previewSizeField->installEventFilter(this);
+    connect(controls_.previewSizeField, &QLineEdit::textChanged, this,
+            &SizeControls::followSizeField);
+    connect(controls_.previewSizeSlider, &Slider::ValueChanged, this, &SizeControls::followSlider);
+    connect(controls_.byWidthButton, &QRadioButton::toggled, this, [this](bool selected) {
+        if (selected) sizeByWidth();
     });
-    connect(controls_.RadioButtonHeight, &QRadioButton::toggled, this, [this](bool selected) {
-        if (selected) RadioButtonHeight_Action();
+    connect(controls_.byHeightButton, &QRadioButton::toggled, this, [this](bool selected) {
+        if (selected) sizeByHeight();
     });
 }
 
 bool SizeControls::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == controls_.resizedWidth) {
+    if (watched == controls_.previewSizeField) {
         if (event->type() == QEvent::KeyPress)
-            return resizedWidth_KeyDown(static_cast<QKeyEvent*>(event)->key());
-        if (event->type() == QEvent::FocusOut) resizedWidth_LostFocus();
+            return commitOnReturn(static_cast<QKeyEvent*>(event)->key());
+        if (event->type() == QEvent::FocusOut) commitOnLeaving();
     }
     return false;
 }
 
-bool SizeControls::resizedWidth_KeyDown(int key) {
+bool SizeControls::commitOnReturn(int key) {
     if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
     applyClampRule();
     controls_.canvas->Invalidate();
-    controls_.SliderSize->setValue(fieldNumber());
+    controls_.previewSizeSlider->setValue(fieldNumber());
     return false;  // every key goes on into the field
 }
 
-void SizeControls::resizedWidth_TextChange() {
+void SizeControls::followSizeField() {
     controls_.canvas->Invalidate();
-    controls_.SliderSize->setValue(fieldNumber());
+    controls_.previewSizeSlider->setValue(fieldNumber());
 }
 
-void SizeControls::resizedWidth_LostFocus() {
+void SizeControls::commitOnLeaving() {
     applyClampRule();
     preferences_.lastSize = fieldNumber();
     // Text changes have already asked the canvas for a new preview.
-    controls_.SliderSize->setValue(preferences_.lastSize);
+    controls_.previewSizeSlider->setValue(preferences_.lastSize);
 }
 
-void SizeControls::SliderSize_ValueChanged() {
-    controls_.resizedWidth->setText(text::Str(controls_.SliderSize->value()));
-    preferences_.lastSize = controls_.SliderSize->value();
+void SizeControls::followSlider() {
+    controls_.previewSizeField->setText(text::Str(controls_.previewSizeSlider->value()));
+    preferences_.lastSize = controls_.previewSizeSlider->value();
 }
 
-void SizeControls::RadioButtonWidth_Action() {
+void SizeControls::sizeByWidth() {
     controls_.canvas->Invalidate();
 }
 
-void SizeControls::RadioButtonHeight_Action() {
+void SizeControls::sizeByHeight() {
     controls_.canvas->Invalidate();
 }
 
 void SizeControls::applyClampRule() {
-    const double wanted = text::Val(controls_.resizedWidth->text());
+    const double wanted = text::Val(controls_.previewSizeField->text());
     if (1.0 > wanted)
-        controls_.resizedWidth->setText(QStringLiteral("1"));
+        controls_.previewSizeField->setText(QStringLiteral("1"));
     else if (wanted > 9999.0)
-        controls_.resizedWidth->setText(QStringLiteral("9999"));
+        controls_.previewSizeField->setText(QStringLiteral("9999"));
 }
 
 int SizeControls::fieldNumber() const {
-    return text::truncateToInt(text::Val(controls_.resizedWidth->text()));
+    return text::truncateToInt(text::Val(controls_.previewSizeField->text()));
 }

@@ -15,10 +15,10 @@ class SizeControls : public QObject {
     Q_OBJECT
 public:
     struct Controls {
-        QLineEdit* resizedWidth = nullptr;
-        Slider* SliderSize = nullptr;
-        QRadioButton* RadioButtonWidth = nullptr;
-        QRadioButton* RadioButtonHeight = nullptr;
+        QLineEdit* previewSizeField = nullptr;
+        Slider* previewSizeSlider = nullptr;
+        QRadioButton* byWidthButton = nullptr;
+        QRadioButton* byHeightButton = nullptr;
         ::ImageCanvas* canvas = nullptr;
     };
 
@@ -28,12 +28,12 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
-    bool resizedWidth_KeyDown(int key);
-    void resizedWidth_TextChange();
-    void resizedWidth_LostFocus();
-    void SliderSize_ValueChanged();
-    void RadioButtonWidth_Action();
-    void RadioButtonHeight_Action();
+    bool commitOnReturn(int key);
+    void followSizeField();
+    void commitOnLeaving();
+    void followSlider();
+    void sizeByWidth();
+    void sizeByHeight();
 
 private:
     // Mends the field on commit: below 1 becomes "1", above 9999 becomes "9999".

@@ -1,4 +1,4 @@
-#include "mainwindow/windowmain.h"
+#include "mainwindow/mainwindow.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -13,11 +13,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "auxwindows/velmorahelp.h"
-#include "auxwindows/windowprogess.h"
+#include "auxwindows/helpwindow.h"
+#include "auxwindows/progresswindow.h"
 #include "gallery/gallery.h"
 #include "mainwindow/mainmenubar.h"
-#include "mainwindow/ui_windowmain.h"
+#include "mainwindow/ui_mainwindow.h"
 #include "page/colournames.h"
 #include "platform/designfonts.h"
 #include "platform/desktop.h"
@@ -26,7 +26,7 @@
 #include "platform/specialfolders.h"
 #include "platform/text.h"
 #include "preferences/preferences.h"
-#include "preferences/windowpreferences.h"
+#include "preferences/preferenceswindow.h"
 #include "preview/imagecanvas.h"
 #include "preview/infotext.h"
 #include "preview/sizecontrols.h"
@@ -61,22 +61,22 @@ void acceptAsCopy(QDropEvent* event) {
 
 }  // namespace
 
-WindowMain::WindowMain(Gallery& gallery, Preferences& preferences, MainMenuBar& menus,
+MainWindow::MainWindow(Gallery& gallery, Preferences& preferences, MainMenuBar& menus,
                        QWidget* parent)
     : QMainWindow(parent),
       gallery_(gallery),
       preferences_(preferences),
       menus_(menus),
-      ui_(new Ui::WindowMain) {
+      ui_(new Ui::MainWindow) {
     ui_->setupUi(this);
-    ui_->ImageCanvas->bind(
-        {ui_->resizedWidth, ui_->RadioButtonWidth, ui_->wRect, ui_->hRect, ui_->info},
-        preferences_);
-    new SizeControls({ui_->resizedWidth, ui_->SliderSize, ui_->RadioButtonWidth,
-                      ui_->RadioButtonHeight, ui_->ImageCanvas},
+    ui_->imageCanvas->bind({ui_->previewSizeField, ui_->byWidthButton, ui_->widthGuide,
+                            ui_->heightGuide, ui_->infoLabel},
+                           preferences_);
+    new SizeControls({ui_->previewSizeField, ui_->previewSizeSlider, ui_->byWidthButton,
+                      ui_->byHeightButton, ui_->imageCanvas},
                      preferences_, this);
-    ui_->BevelButton1->setIcon(pictures::iconOf(pictures::blue()));
-    ui_->BevelButton2->setIcon(pictures::iconOf(pictures::help()));
+    ui_->writePageButton->setIcon(pictures::iconOf(pictures::blue()));
+    ui_->helpButton->setIcon(pictures::iconOf(pictures::help()));
     applyDesignFonts();
     fillColourPopups();
     setUpList();
@@ -95,173 +95,173 @@ WindowMain::WindowMain(Gallery& gallery, Preferences& preferences, MainMenuBar& 
     move(screen()->availableGeometry().center() - rect().center());
 }
 
-WindowMain::~WindowMain() {
+MainWindow::~MainWindow() {
     gallery_.setQuestions(nullptr);
 }
 
-void WindowMain::applyDesignFonts() {
+void MainWindow::applyDesignFonts() {
     useDesignFontSizes(this);
     // The group box's larger font is for its caption only.
-    for (QWidget* child : ui_->GroupBox1->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    for (QWidget* child : ui_->settingsGroup->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         QFont usual = child->font();
         usual.setPointSizeF(QApplication::font(child).pointSizeF());
         child->setFont(usual);
     }
 }
 
-void WindowMain::connectHandlers() {
+void MainWindow::connectHandlers() {
     ImageCatalogue& images = gallery_.images();
-    connect(&images, &ImageCatalogue::Change, this, &WindowMain::showSelectedImage);
-    connect(&images, &ImageCatalogue::countTextChanged, ui_->imgCount, &QLabel::setText);
-    connect(&images, &ImageCatalogue::renameFlagChanged, ui_->TextFieldRenamed,
-            &QLineEdit::setText);
-    connect(ui_->imgCaption, &QLineEdit::textChanged, this, &WindowMain::storeCaption);
-    connect(ui_->clearBtn, &QPushButton::clicked, this, &WindowMain::clearList);
-    connect(ui_->clearBtn1, &QPushButton::clicked, this, &WindowMain::removeSelectedImages);
-    connect(ui_->BevelButton1, &QPushButton::clicked, this, &WindowMain::writePageIfListed);
-    connect(ui_->BevelButton2, &QToolButton::clicked, this, &WindowMain::showHelp);
-    connect(&gallery_, &Gallery::settingsChanged, this, &WindowMain::showSettings);
-    connect(&gallery_, &Gallery::listUpdated, this, &WindowMain::showListProgress);
+    connect(&images, &ImageCatalogue::Change, this, &MainWindow::showSelectedImage);
+    connect(&images, &ImageCatalogue::countTextChanged, ui_->imageCountLabel, &QLabel::setText);
+    connect(&images, &ImageCatalogue::renameFlagChanged, ui_->renameFlagField, &QLineEdit::setText);
+    connect(ui_->captionField, &QLineEdit::textChanged, this, &MainWindow::storeCaption);
+    connect(ui_->clearListButton, &QPushButton::clicked, this, &MainWindow::clearList);
+    connect(ui_->removeImagesButton, &QPushButton::clicked, this,
+            &MainWindow::removeSelectedImages);
+    connect(ui_->writePageButton, &QPushButton::clicked, this, &MainWindow::writePageIfListed);
+    connect(ui_->helpButton, &QToolButton::clicked, this, &MainWindow::showHelp);
+    connect(&gallery_, &Gallery::settingsChanged, this, &MainWindow::showSettings);
+    connect(&gallery_, &Gallery::listUpdated, this, &MainWindow::showListProgress);
     connect(&gallery_, &Gallery::intakeStarted, this,
-            [] { sharedInstance<WindowProgess>()->Show(); });
+            [] { sharedInstance<ProgressWindow>()->showForWalk(); });
     connect(&gallery_, &Gallery::intakeFinished, this, [] {
-        WindowProgess* progress = sharedInstance<WindowProgess>();
-        progress->Refresh(WindowProgess::Repaint::Now);
-        progress->Hide();
+        ProgressWindow* progress = sharedInstance<ProgressWindow>();
+        progress->refresh(ProgressWindow::Repaint::Now);
+        progress->hideAfterWalk();
     });
 }
 
-void WindowMain::connectSettingFields() {
-    for (QLineEdit* field : {ui_->galleryPath, ui_->galleryFileName, ui_->galleryHTMLtitle,
-                             ui_->galleryTitle, ui_->gallerySubTitle})
-        connect(field, &QLineEdit::textChanged, this, &WindowMain::storeSettings);
-    for (QComboBox* popup : {ui_->bgColot, ui_->txtColor, ui_->capColor})
-        connect(popup, &QComboBox::currentTextChanged, this, &WindowMain::storeSettings);
-    connect(ui_->CheckBoxFullScreen, &QCheckBox::toggled, this, &WindowMain::storeSettings);
+void MainWindow::connectSettingFields() {
+    for (QLineEdit* field : {ui_->folderField, ui_->pageFileNameField, ui_->headTitleField,
+                             ui_->titleField, ui_->subtitleField})
+        connect(field, &QLineEdit::textChanged, this, &MainWindow::storeSettings);
+    for (QComboBox* popup : {ui_->backgroundColourBox, ui_->titleColourBox, ui_->captionColourBox})
+        connect(popup, &QComboBox::currentTextChanged, this, &MainWindow::storeSettings);
+    connect(ui_->fullWidthCheckBox, &QCheckBox::toggled, this, &MainWindow::storeSettings);
     storeSettings();
 }
 
-void WindowMain::storeSettings() {
+void MainWindow::storeSettings() {
     if (showingSettings_) return;
     GallerySettings settings;
-    settings.galleryPath = ui_->galleryPath->text();
-    settings.galleryFileName = ui_->galleryFileName->text();
-    settings.galleryHTMLtitle = ui_->galleryHTMLtitle->text();
-    settings.galleryTitle = ui_->galleryTitle->text();
-    settings.gallerySubTitle = ui_->gallerySubTitle->text();
-    settings.bgColor = ui_->bgColot->currentText();
-    settings.textColor = ui_->txtColor->currentText();
-    settings.captionColor = ui_->capColor->currentText();
-    settings.fullPageWidth = ui_->CheckBoxFullScreen->isChecked();
+    settings.galleryPath = ui_->folderField->text();
+    settings.galleryFileName = ui_->pageFileNameField->text();
+    settings.galleryHTMLtitle = ui_->headTitleField->text();
+    settings.galleryTitle = ui_->titleField->text();
+    settings.gallerySubTitle = ui_->subtitleField->text();
+    settings.bgColor = ui_->backgroundColourBox->currentText();
+    settings.textColor = ui_->titleColourBox->currentText();
+    settings.captionColor = ui_->captionColourBox->currentText();
+    settings.fullPageWidth = ui_->fullWidthCheckBox->isChecked();
     gallery_.setSettings(settings);
 }
 
-void WindowMain::showSettings() {
+void MainWindow::showSettings() {
     const GallerySettings& settings = gallery_.settings();
     const QScopedValueRollback showing(showingSettings_, true);
-    ui_->galleryPath->setText(settings.galleryPath);
-    ui_->galleryFileName->setText(settings.galleryFileName);
-    ui_->galleryHTMLtitle->setText(settings.galleryHTMLtitle);
-    ui_->galleryTitle->setText(settings.galleryTitle);
-    ui_->gallerySubTitle->setText(settings.gallerySubTitle);
-    ui_->bgColot->setCurrentText(settings.bgColor);
-    ui_->txtColor->setCurrentText(settings.textColor);
-    ui_->capColor->setCurrentText(settings.captionColor);
-    ui_->CheckBoxFullScreen->setChecked(settings.fullPageWidth);
+    ui_->folderField->setText(settings.galleryPath);
+    ui_->pageFileNameField->setText(settings.galleryFileName);
+    ui_->headTitleField->setText(settings.galleryHTMLtitle);
+    ui_->titleField->setText(settings.galleryTitle);
+    ui_->subtitleField->setText(settings.gallerySubTitle);
+    ui_->backgroundColourBox->setCurrentText(settings.bgColor);
+    ui_->titleColourBox->setCurrentText(settings.textColor);
+    ui_->captionColourBox->setCurrentText(settings.captionColor);
+    ui_->fullWidthCheckBox->setChecked(settings.fullPageWidth);
 }
 
-void WindowMain::Event_Open() {
+void MainWindow::fillFromPreferences() {
     // The window takes any file and any folder; whether an item is a picture is settled only
     // when it is opened.
     setAcceptDrops(true);
-    ui_->resizedWidth->setText(Str(preferences_.lastSize));
+    ui_->previewSizeField->setText(Str(preferences_.lastSize));
     // The sheet does not hold up the rest of the opening.
     if (preferences_.openPrefs == kYes)
-        sharedInstance<WindowPreferences>(preferences_)->ShowWithin(this);
+        sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(this);
     const QString userName = QFileInfo(SpecialFolder::UserHome()).fileName();
-    ui_->galleryHTMLtitle->setText(userName + QStringLiteral("'s photo gallery"));
+    ui_->headTitleField->setText(userName + QStringLiteral("'s photo gallery"));
 }
 
-ImageCanvas* WindowMain::imageCanvas() const {
-    return ui_->ImageCanvas;
+ImageCanvas* MainWindow::imageCanvas() const {
+    return ui_->imageCanvas;
 }
 
-void WindowMain::fillColourPopups() {
-    for (QComboBox* popup : {ui_->bgColot, ui_->txtColor, ui_->capColor})
+void MainWindow::fillColourPopups() {
+    for (QComboBox* popup : {ui_->backgroundColourBox, ui_->titleColourBox, ui_->captionColourBox})
         popup->addItems(galleryColourNames());
-    ui_->bgColot->setCurrentIndex(0);
-    ui_->txtColor->setCurrentIndex(1);
-    ui_->capColor->setCurrentIndex(1);
+    ui_->backgroundColourBox->setCurrentIndex(0);
+    ui_->titleColourBox->setCurrentIndex(1);
+    ui_->captionColourBox->setCurrentIndex(1);
 }
 
-void WindowMain::installMenus() {
+void MainWindow::installMenus() {
     MainMenuBar& menus = menus_;
-    menuBar()->addMenu(menus.FileMenu);
-    menuBar()->addMenu(menus.EditMenu);
+    menuBar()->addMenu(menus.fileMenu);
+    menuBar()->addMenu(menus.editMenu);
     // The items kept out of the File menu still answer their shortcuts while this window is
     // active.
     addActions(menus.hiddenItems());
-    connect(menus.FileMenu, &QMenu::aboutToShow, this, &WindowMain::enableMenuItems);
+    connect(menus.fileMenu, &QMenu::aboutToShow, this, &MainWindow::enableMenuItems);
     // Shortcuts fire without the menu being opened, so the enabling follows every change.
     ImageCatalogue& images = gallery_.images();
-    connect(&images, &QAbstractItemModel::rowsInserted, this, &WindowMain::enableMenuItems);
-    connect(&images, &QAbstractItemModel::rowsRemoved, this, &WindowMain::enableMenuItems);
-    connect(&images, &QAbstractItemModel::modelReset, this, &WindowMain::enableMenuItems);
-    connect(&images, &ImageCatalogue::renameFlagChanged, this, &WindowMain::enableMenuItems);
+    connect(&images, &QAbstractItemModel::rowsInserted, this, &MainWindow::enableMenuItems);
+    connect(&images, &QAbstractItemModel::rowsRemoved, this, &MainWindow::enableMenuItems);
+    connect(&images, &QAbstractItemModel::modelReset, this, &MainWindow::enableMenuItems);
+    connect(&images, &ImageCatalogue::renameFlagChanged, this, &MainWindow::enableMenuItems);
     enableMenuItems();
 }
 
-void WindowMain::enableMenuItems() {
+void MainWindow::enableMenuItems() {
     MainMenuBar& menus = menus_;
     const ImageCatalogue& images = gallery_.images();
-    menus.Save->setEnabled(images.ListCount() > 0);
-    menus.Rename->setEnabled(images.ListCount() > 0);
-    menus.RestoreNames->setEnabled(images.renameFlag() == kYes);
+    menus.writePageItem->setEnabled(images.imageCount() > 0);
+    menus.renameItem->setEnabled(images.imageCount() > 0);
+    menus.restoreNamesItem->setEnabled(images.renameFlag() == kYes);
 }
 
-void WindowMain::setUpList() {
+void MainWindow::setUpList() {
     static constexpr int kColumnWidths[ImageCatalogue::kVisibleColumns] = {210, 210, 520,
                                                                            130, 60,  60};
-    ui_->Listbox1->setModel(&gallery_.images());
-    ui_->Listbox1->setSelectionModel(gallery_.images().selectionModel());
+    ui_->imageList->setModel(&gallery_.images());
+    ui_->imageList->setSelectionModel(gallery_.images().selectionModel());
     for (int column = 0; column < ImageCatalogue::kVisibleColumns; ++column)
-        ui_->Listbox1->setColumnWidth(column, kColumnWidths[column]);
+        ui_->imageList->setColumnWidth(column, kColumnWidths[column]);
 }
 
-void WindowMain::showSelectedImage() {
+void MainWindow::showSelectedImage() {
     const ImageCatalogue& images = gallery_.images();
-    const int row = images.ListIndex();
+    const int row = images.selectedRow();
     if (row < 0) return;
-    ui_->ImageCanvas->showImage(images.Cell(row, 2));
-    ui_->imgCaption->setText(images.Cell(row, CatalogueRow::kCaptionCell));
+    ui_->imageCanvas->showImage(images.cell(row, 2));
+    ui_->captionField->setText(images.cell(row, CatalogueRow::kCaptionCell));
 }
 
-void WindowMain::storeCaption(const QString& text) {
+void MainWindow::storeCaption(const QString& text) {
     // Without a selected row no row takes the text.
     ImageCatalogue& images = gallery_.images();
-    images.setCell(images.ListIndex(), CatalogueRow::kCaptionCell, text);
+    images.setCell(images.selectedRow(), CatalogueRow::kCaptionCell, text);
 }
 
-void WindowMain::dragEnterEvent(QDragEnterEvent* event) {
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (event->mimeData()->hasUrls())
         acceptAsCopy(event);
     else
         event->ignore();
 }
 
-void WindowMain::dragMoveEvent(QDragMoveEvent* event) {
+void MainWindow::dragMoveEvent(QDragMoveEvent* event) {
     if (event->mimeData()->hasUrls())
         acceptAsCopy(event);
     else
         event->ignore();
 }
 
-void WindowMain::dropEvent(QDropEvent* event) {
+void MainWindow::dropEvent(QDropEvent* event) {
     acceptAsCopy(event);
     takeDrop(event->mimeData());
 }
 
-bool WindowMain::eventFilter(QObject* watched, QEvent* event) {
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     // Files dragged over a text field are meant for the window, not for the field's text: left
     // unaccepted there, the drag goes on to the window.
     if (event->type() == QEvent::DragEnter && qobject_cast<QLineEdit*>(watched))
@@ -269,23 +269,23 @@ bool WindowMain::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
-void WindowMain::takeDrop(const QMimeData* dragged) {
+void MainWindow::takeDrop(const QMimeData* dragged) {
     gallery_.openFolder(firstDraggedItem(dragged));
 }
 
-bool WindowMain::restorePage(const QString& pageFileName) {
+bool MainWindow::restorePage(const QString& pageFileName) {
     const QString question = QStringLiteral("This folder already has the gallery page \"") +
                              pageFileName +
                              QStringLiteral("\". Restore its captions, order and settings?");
     return platform::askYesOrNo(question);
 }
 
-bool WindowMain::replaceOtherPage(const QString& pageFileName) {
+bool MainWindow::replaceOtherPage(const QString& pageFileName) {
     return platform::askYesOrNo(pageFileName +
                                 " already exists and was not written by Velmora. Replace it?");
 }
 
-void WindowMain::imagesMissing(const QStringList& fileNames) {
+void MainWindow::imagesMissing(const QStringList& fileNames) {
     static constexpr int kNamesShown = 10;
     platform::tell(
         Str(fileNames.size()) + QStringLiteral(" images of the page are no longer in the folder.") +
@@ -293,32 +293,32 @@ void WindowMain::imagesMissing(const QStringList& fileNames) {
         fileNames.first(std::min<qsizetype>(fileNames.size(), kNamesShown)).join(Chr(13)));
 }
 
-void WindowMain::showListProgress() {
+void MainWindow::showListProgress() {
     // Written also while the progress window is hidden, as after a removal.
-    if (WindowProgess* progress = existingInstance<WindowProgess>()) {
-        progress->setProgressInfoText(gallery_.images().progressText());
-        progress->Refresh(WindowProgess::Repaint::AtMostOncePerFrame);
+    if (ProgressWindow* progress = existingInstance<ProgressWindow>()) {
+        progress->setCountText(gallery_.images().progressText());
+        progress->refresh(ProgressWindow::Repaint::AtMostOncePerFrame);
     }
 }
 
-void WindowMain::clearList() {
-    if (gallery_.images().ListCount() == 0) {
+void MainWindow::clearList() {
+    if (gallery_.images().imageCount() == 0) {
         platform::beep();
         return;
     }
     if (!platform::askYesOrNo(QStringLiteral("Clear\n\nAre you sure to clear the image's list?")))
         return;
     gallery_.clear();
-    infotext::show(ui_->info, infotext::start());
-    ui_->ImageCanvas->showImage({});
+    infotext::show(ui_->infoLabel, infotext::start());
+    ui_->imageCanvas->showImage({});
 }
 
-void WindowMain::removeSelectedImages() {
-    if (gallery_.images().ListIndex() == -1) {
+void MainWindow::removeSelectedImages() {
+    if (gallery_.images().selectedRow() == -1) {
         platform::beep();
         return;
     }
-    const int selected = gallery_.images().SelCount();
+    const int selected = gallery_.images().selectedCount();
     const QString question =
         selected == 1 ? QStringLiteral(
                             "Remove image/s\n\nAre you sure to remove from the list the "
@@ -331,19 +331,19 @@ void WindowMain::removeSelectedImages() {
     gallery_.removeSelectedImages();
     // After the selection the removal made: the preview shows no image until the user selects
     // one.
-    ui_->ImageCanvas->showImage({});
+    ui_->imageCanvas->showImage({});
 }
 
-void WindowMain::writePage() {
+void MainWindow::writePage() {
     const PageWriteResult result = gallery_.writePage();
     if (result.ok)
-        Launch(result.path);
+        platform::openFile(result.path);
     else if (!result.error.isEmpty())
         platform::tell("The gallery page could not be written." + Chr(13) + result.error);
 }
 
-void WindowMain::writePageIfListed() {
-    if (gallery_.images().ListIndex() >= 0) {
+void MainWindow::writePageIfListed() {
+    if (gallery_.images().selectedRow() >= 0) {
         writePage();
         return;
     }
@@ -354,30 +354,30 @@ void WindowMain::writePageIfListed() {
                        "folder with the images you have carefully chosen."));
 }
 
-void WindowMain::showHelp() {
-    sharedInstance<VelmoraHelp>()->ShowWithin(this);
+void MainWindow::showHelp() {
+    sharedInstance<HelpWindow>()->showAsSheetOver(this);
 }
 
-void WindowMain::resizeEvent(QResizeEvent* event) {
+void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     // Only the user resizes the window; the sizes the program gives it are no resize.
     if (!event->spontaneous()) return;
-    Event_Resizing();
-    Event_Resized();
+    rememberControlAreaSize();
+    showStartTextWithoutImage();
 }
 
-void WindowMain::Event_Resizing() {
+void MainWindow::rememberControlAreaSize() {
     // The size of the area below the menu bar, where the controls are.
     preferences_.mainWinWidth = width();
     preferences_.mainWinHeight = height() - ui_->centralwidget->y();
 }
 
-void WindowMain::Event_Resized() {
-    if (ui_->ImageCanvas->picture() == pictures::hubble())
-        infotext::show(ui_->info, infotext::start());
+void MainWindow::showStartTextWithoutImage() {
+    if (ui_->imageCanvas->picture() == pictures::hubble())
+        infotext::show(ui_->infoLabel, infotext::start());
 }
 
-void WindowMain::closeEvent(QCloseEvent* event) {
+void MainWindow::closeEvent(QCloseEvent* event) {
     // Closing is never refused, and nothing is kept: closing the window ends the program.
     event->accept();
     QCoreApplication::quit();

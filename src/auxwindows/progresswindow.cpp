@@ -1,10 +1,10 @@
-#include "auxwindows/windowprogess.h"
+#include "auxwindows/progresswindow.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
 
 #include "auxwindows/imagewell.h"
-#include "auxwindows/ui_windowprogess.h"
+#include "auxwindows/ui_progresswindow.h"
 #include "platform/designfonts.h"
 #include "resources/namedpictures.h"
 
@@ -14,18 +14,18 @@ constexpr int kFrameMilliseconds = 16;
 constexpr int kMapWaitMilliseconds = 250;
 }  // namespace
 
-WindowProgess::WindowProgess(QWidget* parent) : QWidget(parent), ui_(new Ui::WindowProgess) {
+ProgressWindow::ProgressWindow(QWidget* parent) : QWidget(parent), ui_(new Ui::ProgressWindow) {
     ui_->setupUi(this);
     useDesignFontSizes(this);
-    showInImageWell(ui_->ImageWell1, pictures::pebble128());
+    showInImageWell(ui_->logo, pictures::pebble128());
     setAttribute(Qt::WA_DeleteOnClose);
     // The main window keeps the keyboard while the count runs.
     setAttribute(Qt::WA_ShowWithoutActivating);
 }
 
-WindowProgess::~WindowProgess() = default;
+ProgressWindow::~ProgressWindow() = default;
 
-void WindowProgess::Show() {
+void ProgressWindow::showForWalk() {
     showingDrop_ = true;
     show();
     // A window is painted only once the window system has mapped it, which it reports through
@@ -35,23 +35,23 @@ void WindowProgess::Show() {
     waited.start();
     while (!testAttribute(Qt::WA_Mapped) && waited.elapsed() < kMapWaitMilliseconds)
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    Refresh(Repaint::Now);
+    refresh(Repaint::Now);
 }
 
-void WindowProgess::Hide() {
+void ProgressWindow::hideAfterWalk() {
     showingDrop_ = false;
     hide();
 }
 
-void WindowProgess::setProgressInfoText(const QString& text) {
-    ui_->progressInfoText->setText(text);
+void ProgressWindow::setCountText(const QString& text) {
+    ui_->countLabel->setText(text);
 }
 
-QString WindowProgess::progressInfoText() const {
-    return ui_->progressInfoText->text();
+QString ProgressWindow::countLabel() const {
+    return ui_->countLabel->text();
 }
 
-void WindowProgess::Refresh(Repaint when) {
+void ProgressWindow::refresh(Repaint when) {
     if (when == Repaint::AtMostOncePerFrame && sinceRepaint_.isValid() &&
         sinceRepaint_.elapsed() < kFrameMilliseconds)
         return;
@@ -59,7 +59,7 @@ void WindowProgess::Refresh(Repaint when) {
     sinceRepaint_.start();
 }
 
-void WindowProgess::closeEvent(QCloseEvent* event) {
+void ProgressWindow::closeEvent(QCloseEvent* event) {
     // Closing cannot stop the walk, and it would hide the only sign of it.
     if (showingDrop_) {
         event->ignore();

@@ -5,25 +5,25 @@
 #include "auxwindows/dialogwindow.h"
 
 namespace Ui {
-class WindowAbout2;
+class LogoWindow;
 }
 
 // The logo alone at window size, over the about window; a click on it closes the window.
-class WindowAbout2 : public DialogWindow {
+class LogoWindow : public DialogWindow {
     Q_OBJECT
 public:
-    explicit WindowAbout2(QWidget* parent = nullptr);
-    ~WindowAbout2() override;
+    explicit LogoWindow(QWidget* parent = nullptr);
+    ~LogoWindow() override;
 
     // Application-modal, standing over the about window when that is open.
-    void Show();
+    void showOverAbout();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void ImageWell1_MouseEnter();
-    void ImageWell1_MouseDown();
+    void pointAtLogo();
+    void clickLogo();
 
-    std::unique_ptr<Ui::WindowAbout2> ui;
+    std::unique_ptr<Ui::LogoWindow> ui;
 };

@@ -12,22 +12,22 @@ class Preferences;
 class QMimeData;
 
 namespace Ui {
-class WindowMain;
+class MainWindow;
 }
 
 // The document window, a view of the gallery: a folder of images is dropped on it, the images
 // are listed and previewed, the gallery settings are filled in and the page is written. The
 // window has a fixed size; the size controls lie beyond its right edge and work as state only.
 // It asks the gallery's questions in dialogs.
-class WindowMain : public QMainWindow, public GalleryQuestions {
+class MainWindow : public QMainWindow, public GalleryQuestions {
     Q_OBJECT
 public:
-    WindowMain(Gallery& gallery, Preferences& preferences, MainMenuBar& menus,
+    MainWindow(Gallery& gallery, Preferences& preferences, MainMenuBar& menus,
                QWidget* parent = nullptr);
-    ~WindowMain() override;
+    ~MainWindow() override;
 
     // Fills the fields that depend on the application's settings; runs once, before showing.
-    void Event_Open();
+    void fillFromPreferences();
 
     ImageCanvas* imageCanvas() const;
 
@@ -66,8 +66,8 @@ private:
     void connectHandlers();
     void connectSettingFields();
     void installMenus();
-    void Event_Resizing();
-    void Event_Resized();
+    void rememberControlAreaSize();
+    void showStartTextWithoutImage();
     // The settings fields to the gallery, and back when the gallery changed them.
     void storeSettings();
     void showSettings();
@@ -76,7 +76,7 @@ private:
     Gallery& gallery_;
     Preferences& preferences_;
     MainMenuBar& menus_;
-    std::unique_ptr<Ui::WindowMain> ui_;
+    std::unique_ptr<Ui::MainWindow> ui_;
     // Set while the fields show the gallery's settings, which are then not stored back.
     bool showingSettings_ = false;
 };

@@ -1,8 +1,8 @@
-#include "auxwindows/velmorahelp.h"
+#include "auxwindows/helpwindow.h"
 
 #include <QFile>
 
-#include "auxwindows/ui_velmorahelp.h"
+#include "auxwindows/ui_helpwindow.h"
 #include "platform/designfonts.h"
 
 static void loadHelpTextResources() {
@@ -23,40 +23,40 @@ QString helpText(const QString& language) {
 
 }  // namespace
 
-VelmoraHelp::VelmoraHelp(QWidget* parent) : SheetWindow(parent), ui(new Ui::VelmoraHelp) {
+HelpWindow::HelpWindow(QWidget* parent) : SheetWindow(parent), ui(new Ui::HelpWindow) {
     ui->setupUi(this);
     useDesignFontSizes(this);
     loadHelpTextResources();
     const QStringList languages = {"en", "it", "fr", "de", "es", "ja", "zh"};
     const QList<QPlainTextEdit*> areas = textAreas();
     for (int tab = 0; tab < areas.size(); ++tab) areas[tab]->setPlainText(helpText(languages[tab]));
-    connect(ui->PushButton1, &QPushButton::clicked, this, &VelmoraHelp::PushButton1_Action);
+    connect(ui->okButton, &QPushButton::clicked, this, &HelpWindow::cancel);
 }
 
-VelmoraHelp::~VelmoraHelp() = default;
+HelpWindow::~HelpWindow() = default;
 
-void VelmoraHelp::showEvent(QShowEvent* event) {
+void HelpWindow::showEvent(QShowEvent* event) {
     SheetWindow::showEvent(event);
     // The tab bar's height is the style's, so the areas are placed once the panel has laid out
     // its pages, to stand at their place in the window whatever the style.
-    const QPoint onPage = ui->TabPanel1->currentWidget()->mapFrom(this, kTextAreaPosition);
+    const QPoint onPage = ui->languageTabs->currentWidget()->mapFrom(this, kTextAreaPosition);
     for (QPlainTextEdit* area : textAreas()) area->move(onPage);
 }
 
-void VelmoraHelp::resizeEvent(QResizeEvent* event) {
+void HelpWindow::resizeEvent(QResizeEvent* event) {
     SheetWindow::resizeEvent(event);
     // The panel grows with the window; "OK" keeps its distance from the left, right and bottom
     // edges, so it widens; the text areas keep their size.
     const QSize growth = size() - kDesignSize;
-    ui->TabPanel1->setGeometry(20, 20, 600 + growth.width(), 414 + growth.height());
-    ui->PushButton1->setGeometry(280, 446 + growth.height(), 80 + growth.width(), 20);
+    ui->languageTabs->setGeometry(20, 20, 600 + growth.width(), 414 + growth.height());
+    ui->okButton->setGeometry(280, 446 + growth.height(), 80 + growth.width(), 20);
 }
 
-QList<QPlainTextEdit*> VelmoraHelp::textAreas() const {
-    return {ui->TextArea1, ui->TextArea2, ui->TextArea3, ui->TextArea4,
-            ui->TextArea5, ui->TextArea6, ui->TextArea7};
+QList<QPlainTextEdit*> HelpWindow::textAreas() const {
+    return {ui->englishText, ui->italianText,  ui->frenchText, ui->germanText,
+            ui->spanishText, ui->japaneseText, ui->chineseText};
 }
 
-void VelmoraHelp::PushButton1_Action() {
+void HelpWindow::cancel() {
     close();
 }

@@ -6,16 +6,16 @@
 
 class QPlainTextEdit;
 namespace Ui {
-class VelmoraHelp;
+class HelpWindow;
 }
 
 // The steps for making a gallery, in seven languages, one to a tab. Plain reading matter: the
 // user can switch tabs, scroll and close it.
-class VelmoraHelp : public SheetWindow {
+class HelpWindow : public SheetWindow {
     Q_OBJECT
 public:
-    explicit VelmoraHelp(QWidget* parent = nullptr);
-    ~VelmoraHelp() override;
+    explicit HelpWindow(QWidget* parent = nullptr);
+    ~HelpWindow() override;
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -24,7 +24,7 @@ protected:
 private:
     // One to a tab, in the order of the tabs.
     QList<QPlainTextEdit*> textAreas() const;
-    void PushButton1_Action();
+    void cancel();
 
-    std::unique_ptr<Ui::VelmoraHelp> ui;
+    std::unique_ptr<Ui::HelpWindow> ui;
 };
