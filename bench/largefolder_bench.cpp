@@ -151,7 +151,8 @@ double reopenDrop(const QString& folder, int count) {
         QCoreApplication::processEvents();
     });
     const ImageCatalogue& catalogue = App::instance()->gallery().images();
-    if (catalogue.imageCount() != count || catalogue.cell(0, 7) != QStringLiteral("Caption 0"))
+    if (catalogue.imageCount() != count ||
+        catalogue.cell(0, CatalogueRow::Caption) != QStringLiteral("Caption 0"))
         std::printf("  (the page was not restored)\n");
     delete window;
     TestEnvironment::dialogs().clear();

@@ -50,7 +50,7 @@ struct Bench {
     double select(const QString& file) {
         ImageCatalogue& rows = App::instance()->gallery().images();
         int row = 0;
-        while (rows.cell(row, 1) != QFileInfo(file).fileName()) ++row;
+        while (rows.cell(row, CatalogueRow::FileName) != QFileInfo(file).fileName()) ++row;
         QElapsedTimer clock;
         clock.start();
         rows.selectRow(row);

@@ -14,7 +14,7 @@ using Pairs = QList<std::pair<QString, QString>>;
 void fill(ImageCatalogue& catalogue, const QString& letters) {
     for (const QChar letter : letters) {
         catalogue.addRow(letter);
-        catalogue.setCell(catalogue.lastAddedRow(), 7, letter.toUpper());
+        catalogue.setCell(catalogue.lastAddedRow(), CatalogueRow::Caption, letter.toUpper());
     }
 }
 
@@ -22,7 +22,8 @@ void fill(ImageCatalogue& catalogue, const QString& letters) {
 QString rows(const ImageCatalogue& catalogue) {
     QStringList shown;
     for (int row = 0; row < catalogue.imageCount(); ++row)
-        shown << catalogue.cell(row, 0) + "=" + catalogue.cell(row, 7);
+        shown << catalogue.cell(row, CatalogueRow::ListName) + "=" +
+                     catalogue.cell(row, CatalogueRow::Caption);
     return shown.join(' ');
 }
 }  // namespace
@@ -67,7 +68,7 @@ private slots:
         fill(catalogue, "abcd");
         catalogue.selectRow(0);
         catalogue.selectRow(1);
-        QCOMPARE(catalogue.Text(), QString("b"));
+        QCOMPARE(catalogue.cell(catalogue.selectedRow(), CatalogueRow::ListName), QString("b"));
         // The list's keys go on from the row the program selected last, once it is done.
         QCoreApplication::processEvents();
         QCOMPARE(catalogue.selectionModel()->currentIndex().row(), 1);
@@ -80,13 +81,12 @@ private slots:
         // A row that does not exist neither fails nor takes the text.
         catalogue.selectRow(4);
         QCOMPARE(catalogue.selectedCount(), 0);
-        catalogue.setText("nobody");
-        catalogue.setCell(-1, 7, "nobody");
-        catalogue.setCell(5, 7, "nobody");
+        catalogue.setCell(-1, CatalogueRow::Caption, "nobody");
+        catalogue.setCell(5, CatalogueRow::Caption, "nobody");
         QCOMPARE(rows(catalogue), QString("a=A b=B c=C d=D"));
 
         catalogue.selectRow(3);
-        QSignalSpy change(&catalogue, &ImageCatalogue::Change);
+        QSignalSpy change(&catalogue, &ImageCatalogue::selectionChanged);
         catalogue.removeImageAt(3);
         QCOMPARE(change.count(), 0);  // the selection went with its row; nobody chose anew
         QCOMPARE(catalogue.lastAddedRow(), 2);

@@ -36,8 +36,10 @@ class IntakeTest : public QObject {
     QStringList rows(int first) const {
         QStringList shown;
         for (int row = first; row < catalogue.imageCount(); ++row)
-            shown << catalogue.cell(row, 0) + "|" + catalogue.cell(row, 3) + "|" +
-                         catalogue.cell(row, 4) + "x" + catalogue.cell(row, 5);
+            shown << catalogue.cell(row, CatalogueRow::ListName) + "|" +
+                         catalogue.cell(row, CatalogueRow::Type) + "|" +
+                         catalogue.cell(row, CatalogueRow::Width) + "x" +
+                         catalogue.cell(row, CatalogueRow::Height);
         return shown;
     }
     // The progress window is painted during the walk and hidden after it, and the first row is
@@ -134,19 +136,19 @@ private slots:
                               "link|image/png|40x30", longName.chopped(4) + "|image/png|40x30",
                               "say \"cheese\"|image/png|40x30", "Tom & Jerry|image/png|40x30"}));
         // The Latin-1 name is kept byte for byte, and shown with a replacement character.
-        QCOMPARE(catalogue.cell(11, 1), latin1);
+        QCOMPARE(catalogue.cell(11, CatalogueRow::FileName), latin1);
         QCOMPARE(catalogue.data(catalogue.index(11, 1), Qt::DisplayRole), "caf\uFFFD.png");
 
         const PeakMemory memory;
         for (int row = 0; row < catalogue.imageCount(); ++row) {
             catalogue.selectRow(row);
             QCoreApplication::processEvents();
-            QCOMPARE(window.imageCanvas()->imagePath(), catalogue.cell(row, 2));
+            QCOMPARE(window.imageCanvas()->imagePath(), catalogue.cell(row, CatalogueRow::Path));
             // All but the enormous picture, whose pixels end long before its header says; what a
             // refusal leaves as it was, the preview suite checks.
-            QVERIFY2(
-                bool(window.imageCanvas()->picture()) == (catalogue.cell(row, 1) != "enormous.png"),
-                qPrintable(catalogue.cell(row, 1)));
+            QVERIFY2(bool(window.imageCanvas()->picture()) ==
+                         (catalogue.cell(row, CatalogueRow::FileName) != "enormous.png"),
+                     qPrintable(catalogue.cell(row, CatalogueRow::FileName)));
         }
         // The enormous picture was never decoded at its full size.
         QVERIFY(memory.megabytes() < 256);

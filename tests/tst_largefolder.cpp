@@ -28,7 +28,8 @@ class LargeFolderTest : public QObject {
     }
     QStringList originalNames() const {
         QStringList names;
-        for (int row = 0; row < catalogue->imageCount(); ++row) names << catalogue->cell(row, 1);
+        for (int row = 0; row < catalogue->imageCount(); ++row)
+            names << catalogue->cell(row, CatalogueRow::FileName);
         return names;
     }
     // Takes out the selected rows with "-", answering Yes, and checks the question asked.

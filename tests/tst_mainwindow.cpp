@@ -85,7 +85,8 @@ class MainWindowTest : public QObject {
         for (const QChar letter : letters) {
             catalogue->addRow(letter);
             for (int cell : {1, 2}) catalogue->setCell(catalogue->lastAddedRow(), cell, letter);
-            catalogue->setCell(catalogue->lastAddedRow(), 7, letter + QString("!"));
+            catalogue->setCell(catalogue->lastAddedRow(), CatalogueRow::Caption,
+                               letter + QString("!"));
         }
         App::instance()->gallery().updateList();
     }
@@ -98,7 +99,8 @@ class MainWindowTest : public QObject {
     QStringList rows() const {
         QStringList cells;
         for (int row = 0; row < catalogue->imageCount(); ++row)
-            cells << catalogue->cell(row, 1) + "|" + catalogue->cell(row, 7);
+            cells << catalogue->cell(row, CatalogueRow::FileName) + "|" +
+                         catalogue->cell(row, CatalogueRow::Caption);
         return cells;
     }
     // Hands `item`, in the test folder, over by `road`: a drop, the folder chooser of Ctrl+O, the
@@ -161,7 +163,7 @@ private slots:
         hand("drop", "Trip");
         catalogue->moveRowsTo({3}, 0);
         for (const auto& [row, caption] : {std::pair{0, "Dunes"}, {1, "Start & <end>"}, {3, "x"}})
-            catalogue->setCell(row, 7, caption);
+            catalogue->setCell(row, CatalogueRow::Caption, caption);
         control<QLineEdit>("pageFileNameField")->setText("trip.html");
         control<QComboBox>("backgroundColourBox")->setCurrentText("Navy");
         control<QAbstractButton>("fullWidthCheckBox")->setChecked(false);
@@ -219,9 +221,11 @@ private slots:
         QCOMPARE(enabled(file),
                  "Open Folder..., About Velmora, Write the gallery page, Quit, "
                  "Rename All images..., Restore original file names..., Preferences...");
-        catalogue->setCell(0, 0, "renamed");  // the hidden item answers its shortcut
+        catalogue->setCell(0, CatalogueRow::ListName,
+                           "renamed");  // the hidden item answers its shortcut
         QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(catalogue->cell(0, 0) + " " + catalogue->renameFlag(), "a no");
+        QCOMPARE(catalogue->cell(0, CatalogueRow::ListName) + " " + catalogue->renameFlag(),
+                 "a no");
         catalogue->removeAll();
         catalogue->setRenameFlag("yes");
         QCOMPARE(

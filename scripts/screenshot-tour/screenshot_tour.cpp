@@ -135,7 +135,7 @@ private:
     void select(const QString& name) {
         ImageCatalogue& catalogue = App::instance()->gallery().images();
         for (int row = 0; row < catalogue.imageCount(); ++row)
-            if (catalogue.cell(row, 1) == name) catalogue.selectRow(row);
+            if (catalogue.cell(row, CatalogueRow::FileName) == name) catalogue.selectRow(row);
         settle();
     }
 
@@ -148,7 +148,7 @@ private:
         grab("02-main-portrait-photo");
         ImageCatalogue& catalogue = App::instance()->gallery().images();
         for (int row = 0; row < catalogue.imageCount(); ++row)
-            if (catalogue.cell(row, 1) == QStringLiteral("Plage à Nice.jpg"))
+            if (catalogue.cell(row, CatalogueRow::FileName) == QStringLiteral("Plage à Nice.jpg"))
                 catalogue.moveRowsTo({row}, 0);
         catalogue.selectRow(0);
         settle();
@@ -185,7 +185,7 @@ private:
         poll.start(50);
         dropFolder(main_, gallery_);
         platform::installDialogs(&TestEnvironment::dialogs());
-        if (App::instance()->gallery().images().cell(0, 7).isEmpty())
+        if (App::instance()->gallery().images().cell(0, CatalogueRow::Caption).isEmpty())
             throw std::runtime_error("the gallery was not reopened");
         settle();
         grab("11-main-reopened");

@@ -2,19 +2,19 @@
 
 QString CatalogueRow::cell(int column) const {
     switch (column) {
-        case 0:
+        case ListName:
             return pictureName;
-        case 1:
+        case FileName:
             return originalName;
-        case 2:
+        case Path:
             return imagePath;
-        case 3:
+        case Type:
             return imageType;
-        case 4:
+        case Width:
             return imageWidth;
-        case 5:
+        case Height:
             return imageHeight;
-        case kCaptionCell:
+        case Caption:
             return caption;
         default:
             return {};
@@ -23,28 +23,28 @@ QString CatalogueRow::cell(int column) const {
 
 void CatalogueRow::setCell(int column, const QString& text) {
     switch (column) {
-        case 0:
+        case ListName:
             pictureName = text;
             break;
-        case 1:
+        case FileName:
             originalName = text;
             break;
-        case 2:
+        case Path:
             imagePath = text;
             break;
-        case 3:
+        case Type:
             imageType = text;
             break;
-        case 4:
+        case Width:
             imageWidth = text;
             break;
-        case 5:
+        case Height:
             imageHeight = text;
             break;
-        case kCaptionCell:
+        case Caption:
             caption = text;
             break;
         default:
-            break;  // cell 6 and anything past the caption hold nothing
+            break;  // no other column holds anything
     }
 }

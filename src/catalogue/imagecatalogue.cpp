@@ -18,7 +18,7 @@ const QStringList kHeadings = {QStringLiteral("Picture name"), QStringLiteral("O
 
 ImageCatalogue::ImageCatalogue(QObject* parent) : QAbstractTableModel(parent), selection_(this) {
     connect(&selection_, &QItemSelectionModel::selectionChanged, this, [this] {
-        if (!holdChange_) emit Change();
+        if (!holdChange_) emit selectionChanged();
     });
 }
 
@@ -70,7 +70,7 @@ void ImageCatalogue::selectRow(int row) {
         }
     }
     makeCurrentSoon(row >= 0 && row < imageCount() ? index(row, 0) : QModelIndex());
-    emit Change();
+    emit selectionChanged();
 }
 
 void ImageCatalogue::makeCurrentSoon(const QModelIndex& row) {
@@ -98,17 +98,9 @@ bool ImageCatalogue::isSelected(int row) const {
     return row >= 0 && row < imageCount() && selection_.isRowSelected(row, {});
 }
 
-QString ImageCatalogue::Text() const {
-    return cell(selectedRow(), 0);
-}
-
-void ImageCatalogue::setText(const QString& text) {
-    setCell(selectedRow(), 0, text);
-}
-
 void ImageCatalogue::removeImageAt(int row) {
     if (row < 0 || row >= imageCount()) return;
-    // A removed row leaves the selection without anyone choosing: no Change, or every row taken
+    // A removed row leaves the selection without anyone choosing: no signal, or every row taken
     // out would load a preview on its way.
     const QScopedValueRollback quiet(holdChange_, true);
     beginRemoveRows({}, row, row);

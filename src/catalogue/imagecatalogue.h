@@ -9,8 +9,7 @@
 #include "catalogue/cataloguerow.h"
 
 // The ordered list of images with its selection, the rename flag, the count text and the
-// progress text. The list control of the main window is a view of it; its operations carry
-// the names of the list control's members that they stand for.
+// progress text. The main window's list is a view of it.
 class ImageCatalogue : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -29,15 +28,12 @@ public:
     // The first selected row, or -1.
     int selectedRow() const;
     // Makes `row` the only selected row, and soon the current one, or selects nothing when `row`
-    // names no row, and runs Change before returning, also when the selection was already that
-    // row.
+    // names no row, and signals selectionChanged before returning, also when the selection was
+    // already that row.
     void selectRow(int row);
     int selectedCount() const;
     bool isSelected(int row) const;
-    // The first cell of the selected row; writing without a selection does nothing.
-    QString Text() const;
-    void setText(const QString& text);
-    // Removes the row; a selection that goes with it raises no Change.
+    // Removes the row; a selection that goes with it signals no change.
     void removeImageAt(int row);
     void removeAll();
 
@@ -78,7 +74,7 @@ public:
 
 signals:
     // The selection changed, by the user or by the program.
-    void Change();
+    void selectionChanged();
     void countTextChanged(const QString& text);
     void progressTextChanged(const QString& text);
     void renameFlagChanged(const QString& flag);

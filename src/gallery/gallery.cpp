@@ -52,11 +52,12 @@ void Gallery::addImagesOf(const QString& folder) {
         if (const PicturePtr picture = Picture::open(item.filePath())) {
             images_.addRow(stripExtension(name));
             const int row = images_.lastAddedRow();
-            images_.setCell(row, 1, name);
-            images_.setCell(row, 2, QDir::toNativeSeparators(item.absoluteFilePath()));
-            images_.setCell(row, 3, imageTypeOfExtension(item.suffix()));
-            images_.setCell(row, 4, text::Str(picture->width()));
-            images_.setCell(row, 5, text::Str(picture->height()));
+            images_.setCell(row, CatalogueRow::FileName, name);
+            images_.setCell(row, CatalogueRow::Path,
+                            QDir::toNativeSeparators(item.absoluteFilePath()));
+            images_.setCell(row, CatalogueRow::Type, imageTypeOfExtension(item.suffix()));
+            images_.setCell(row, CatalogueRow::Width, text::Str(picture->width()));
+            images_.setCell(row, CatalogueRow::Height, text::Str(picture->height()));
         }
         updateList();
     }
@@ -103,7 +104,8 @@ void Gallery::clear() {
 void Gallery::restoreOriginalNames() {
     if (images_.renameFlag() != QStringLiteral("yes")) return;
     for (int row = 0; row < images_.imageCount(); ++row)
-        images_.setCell(row, 0, stripExtension(images_.cell(row, 1)));
+        images_.setCell(row, CatalogueRow::ListName,
+                        stripExtension(images_.cell(row, CatalogueRow::FileName)));
     images_.setRenameFlag(QStringLiteral("no"));
 }
 

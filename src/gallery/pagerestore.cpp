@@ -15,7 +15,8 @@ QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& sli
     const int count = catalogue.imageCount();
     QHash<QString, int> rowOfName;
     rowOfName.reserve(count);
-    for (int row = 0; row < count; ++row) rowOfName.insert(comparable(catalogue.cell(row, 1)), row);
+    for (int row = 0; row < count; ++row)
+        rowOfName.insert(comparable(catalogue.cell(row, CatalogueRow::FileName)), row);
 
     QList<int> order;
     order.reserve(count);

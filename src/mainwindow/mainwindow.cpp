@@ -111,7 +111,7 @@ void MainWindow::applyDesignFonts() {
 
 void MainWindow::connectHandlers() {
     ImageCatalogue& images = gallery_.images();
-    connect(&images, &ImageCatalogue::Change, this, &MainWindow::showSelectedImage);
+    connect(&images, &ImageCatalogue::selectionChanged, this, &MainWindow::showSelectedImage);
     connect(&images, &ImageCatalogue::countTextChanged, ui_->imageCountLabel, &QLabel::setText);
     connect(&images, &ImageCatalogue::renameFlagChanged, ui_->renameFlagField, &QLineEdit::setText);
     connect(ui_->captionField, &QLineEdit::textChanged, this, &MainWindow::storeCaption);
@@ -232,7 +232,7 @@ void MainWindow::showSelectedImage() {
     const ImageCatalogue& images = gallery_.images();
     const int row = images.selectedRow();
     if (row < 0) return;
-    ui_->imageCanvas->showImage(images.cell(row, 2));
+    ui_->imageCanvas->showImage(images.cell(row, CatalogueRow::Path));
     ui_->captionField->setText(images.cell(row, CatalogueRow::kCaptionCell));
 }
 
