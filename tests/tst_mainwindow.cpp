@@ -178,7 +178,7 @@ private slots:
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window));
         catalogue->removeAll();
-        catalogue->setRenameFlag("no");
+        catalogue->setRenamed(false);
         control<QLineEdit>("folderField")->setText(dir.path() + "/");
         control<QLineEdit>("pageFileNameField")->setText("index.html");
         control<QComboBox>("backgroundColourBox")->setCurrentIndex(0);
@@ -194,11 +194,11 @@ private slots:
         QVERIFY(help && help->isVisible() && help->parentWidget() == window);
         QCOMPARE(window->windowTitle() + " / " + help->windowTitle(), "Velmora / Velmora - Help");
         help->close();
-        App::instance()->preferences().openPrefs = "yes";
+        App::instance()->preferences().openAtStart = true;
         Gallery another;
         MainWindow other(another, App::instance()->preferences(), menus);
         other.fillFromPreferences();
-        App::instance()->preferences().openPrefs.clear();
+        App::instance()->preferences().openAtStart = false;
         QCOMPARE(existingInstance<PreferencesWindow>()->parentWidget(), &other);
     }
     // The menu bar as the user reads it, then the items kept out of it; and what is enabled.
@@ -217,17 +217,18 @@ private slots:
         QCOMPARE(enabled(file), "Open Folder..., About Velmora, Quit, Preferences...");
         fill("a");
         catalogue->selectRow(-1);
-        catalogue->setRenameFlag("yes");
+        catalogue->setRenamed(true);
         QCOMPARE(enabled(file),
                  "Open Folder..., About Velmora, Write the gallery page, Quit, "
                  "Rename All images..., Restore original file names..., Preferences...");
         catalogue->setCell(0, CatalogueRow::ListName,
                            "renamed");  // the hidden item answers its shortcut
         QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(catalogue->cell(0, CatalogueRow::ListName) + " " + catalogue->renameFlag(),
+        QCOMPARE(catalogue->cell(0, CatalogueRow::ListName) + " " +
+                     (catalogue->renamed() ? "yes" : "no"),
                  "a no");
         catalogue->removeAll();
-        catalogue->setRenameFlag("yes");
+        catalogue->setRenamed(true);
         QCOMPARE(
             enabled(file),
             "Open Folder..., About Velmora, Quit, Restore original file names..., Preferences...");
@@ -273,7 +274,7 @@ private slots:
             init();
             fill(letters);
             catalogue->selectRow(selected);
-            catalogue->setRenameFlag("yes");
+            catalogue->setRenamed(true);
             const QStringList before = rows();
             control<QAbstractButton>(button)->click();
             QCOMPARE(rows(), before);

@@ -48,7 +48,8 @@ QString settings() {
     const Preferences* a = &App::instance()->preferences();
     return QString("%1|%2|%3|%4|%5|%6|%7")
         .arg(QString::number(a->lastSize), QString::number(a->imageQuality), a->imageFormat,
-             a->savePath, a->openPrefs, QString::number(a->frameWidth), a->bordColor.name());
+             a->savePath, a->openAtStart ? "yes" : "no", QString::number(a->frameWidth),
+             a->bordColor.name());
 }
 const QByteArray kWritten =
     "# Corvanes version\n4.0\n# Last resize dimension, image quality, image format, save path, "
@@ -151,8 +152,8 @@ private slots:
             << QByteArray("#\r\n4.0\r\n#\r\n1e300,-1e300,PNG,Pictures,no\r\n#\r\n1100.9,x\r\n")
             << "2147483647|-2147483648|PNG|Pictures|no";
         const char bytes[] = "\xff\xfe\x00\n\x80\n\n7\xc3(,\x01,PNG\n\n\x00\x00,\xff";
-        QTest::newRow("any bytes") << QByteArray(bytes, sizeof bytes - 1) << "7|0|PNG||";
-        QTest::newRow("empty") << QByteArray() << "0|0|||";
+        QTest::newRow("any bytes") << QByteArray(bytes, sizeof bytes - 1) << "7|0|PNG||no";
+        QTest::newRow("empty") << QByteArray() << "0|0|||no";
         QTest::newRow("cut inside line 6")
             << QByteArray("#\n4.0\n#\n512,80,PNG,Movies,no\n#\n1200,") << "512|80|PNG|Movies|no";
         // Lines of 16 MB, one of them 16 million fields long.

@@ -41,7 +41,7 @@ void App::loadPreferences() {
         preferences_.imageQuality = 80;
         preferences_.imageFormat = QStringLiteral("PNG");
         preferences_.savePath = QStringLiteral("Desktop");
-        preferences_.openPrefs = QStringLiteral("yes");
+        preferences_.openAtStart = true;
         sharedInstance<AboutWindow>()->showOver(windowMain());
         return;
     }
@@ -51,7 +51,7 @@ void App::loadPreferences() {
     preferences_.imageQuality = saved.imageQuality;
     preferences_.imageFormat = saved.imageFormat;
     preferences_.savePath = saved.savePath;
-    preferences_.openPrefs = saved.openPrefs;
+    preferences_.openAtStart = saved.openPrefs == QStringLiteral("yes");
     if (MainWindow* window = windowMain()) setControlAreaSize(window, saved.windowSize);
 }
 
@@ -65,7 +65,8 @@ void App::savePreferences() {
         QStringLiteral("# Last resize dimension, image quality, image format, save path, opend "
                        "prefs on startup"),
         QStringList{text::Str(preferences_.lastSize), text::Str(preferences_.imageQuality),
-                    preferences_.imageFormat, preferences_.savePath, preferences_.openPrefs}
+                    preferences_.imageFormat, preferences_.savePath,
+                    preferences_.openAtStart ? QStringLiteral("yes") : QStringLiteral("no")}
             .join(QLatin1Char(',')),
         QStringLiteral("# Main Window width and height"),
         text::Str(preferences_.mainWinWidth) + QLatin1Char(',') +

@@ -182,9 +182,9 @@ void ImageCatalogue::setCountText(const QString& text) {
     emit countTextChanged(countText_);
 }
 
-void ImageCatalogue::setRenameFlag(const QString& flag) {
-    renameFlag_ = flag;
-    emit renameFlagChanged(renameFlag_);
+void ImageCatalogue::setRenamed(bool renamed) {
+    renamed_ = renamed;
+    emit renamedChanged(renamed_);
 }
 
 int ImageCatalogue::rowCount(const QModelIndex& parent) const {

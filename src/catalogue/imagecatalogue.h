@@ -8,8 +8,8 @@
 
 #include "catalogue/cataloguerow.h"
 
-// The ordered list of images with its selection, the rename flag, the count text and the
-// progress text. The main window's list is a view of it.
+// The ordered list of images with its selection, whether the names were changed, the count text and
+// the progress text. The main window's list is a view of it.
 class ImageCatalogue : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -53,8 +53,9 @@ public:
     QString countText() const { return countText_; }
     void setCountText(const QString& text);
     QString progressText() const { return progressText_; }
-    QString renameFlag() const { return renameFlag_; }
-    void setRenameFlag(const QString& flag);
+    // Whether the list's names were changed from the file names.
+    bool renamed() const { return renamed_; }
+    void setRenamed(bool renamed);
 
     // QAbstractTableModel
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -77,7 +78,7 @@ signals:
     void selectionChanged();
     void countTextChanged(const QString& text);
     void progressTextChanged(const QString& text);
-    void renameFlagChanged(const QString& flag);
+    void renamedChanged(bool renamed);
 
 private:
     void clampLastIndex();
@@ -91,5 +92,5 @@ private:
     std::optional<QPersistentModelIndex> pendingCurrent_;
     QString countText_ = QStringLiteral("0 images");
     QString progressText_;
-    QString renameFlag_ = QStringLiteral("no");
+    bool renamed_ = false;
 };

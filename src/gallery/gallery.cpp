@@ -92,21 +92,21 @@ void Gallery::removeSelectedImages() {
     for (int row = images_.imageCount() - 1; row >= 0; --row)
         if (images_.isSelected(row)) images_.removeImageAt(row);
     updateList();
-    images_.setRenameFlag(QStringLiteral("no"));
+    images_.setRenamed(false);
 }
 
 void Gallery::clear() {
     images_.removeAll();
     images_.setCountText(QStringLiteral("Empty list"));
-    images_.setRenameFlag(QStringLiteral("no"));
+    images_.setRenamed(false);
 }
 
 void Gallery::restoreOriginalNames() {
-    if (images_.renameFlag() != QStringLiteral("yes")) return;
+    if (!images_.renamed()) return;
     for (int row = 0; row < images_.imageCount(); ++row)
         images_.setCell(row, CatalogueRow::ListName,
                         stripExtension(images_.cell(row, CatalogueRow::FileName)));
-    images_.setRenameFlag(QStringLiteral("no"));
+    images_.setRenamed(false);
 }
 
 PageWriteResult Gallery::writePage(const FileFactory& makeFile) {

@@ -37,9 +37,6 @@ using text::Str;
 
 namespace {
 
-const QString kYes = QStringLiteral("yes");
-const QString kNo = QStringLiteral("no");
-
 // The local file or folder that the first dragged item names; empty when it names none.
 QString firstDraggedItem(const QMimeData* dragged) {
     const QList<QUrl> urls = dragged->urls();
@@ -113,7 +110,9 @@ void MainWindow::connectHandlers() {
     ImageCatalogue& images = gallery_.images();
     connect(&images, &ImageCatalogue::selectionChanged, this, &MainWindow::showSelectedImage);
     connect(&images, &ImageCatalogue::countTextChanged, ui_->imageCountLabel, &QLabel::setText);
-    connect(&images, &ImageCatalogue::renameFlagChanged, ui_->renameFlagField, &QLineEdit::setText);
+    connect(&images, &ImageCatalogue::renamedChanged, ui_->renameFlagField, [this](bool renamed) {
+        ui_->renameFlagField->setText(renamed ? QStringLiteral("yes") : QStringLiteral("no"));
+    });
     connect(ui_->captionField, &QLineEdit::textChanged, this, &MainWindow::storeCaption);
     connect(ui_->clearListButton, &QPushButton::clicked, this, &MainWindow::clearList);
     connect(ui_->removeImagesButton, &QPushButton::clicked, this,
@@ -176,7 +175,7 @@ void MainWindow::fillFromPreferences() {
     setAcceptDrops(true);
     ui_->previewSizeField->setText(Str(preferences_.lastSize));
     // The sheet does not hold up the rest of the opening.
-    if (preferences_.openPrefs == kYes)
+    if (preferences_.openAtStart)
         sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(this);
     const QString userName = QFileInfo(SpecialFolder::UserHome()).fileName();
     ui_->headTitleField->setText(userName + QStringLiteral("'s photo gallery"));
@@ -207,7 +206,7 @@ void MainWindow::installMenus() {
     connect(&images, &QAbstractItemModel::rowsInserted, this, &MainWindow::enableMenuItems);
     connect(&images, &QAbstractItemModel::rowsRemoved, this, &MainWindow::enableMenuItems);
     connect(&images, &QAbstractItemModel::modelReset, this, &MainWindow::enableMenuItems);
-    connect(&images, &ImageCatalogue::renameFlagChanged, this, &MainWindow::enableMenuItems);
+    connect(&images, &ImageCatalogue::renamedChanged, this, &MainWindow::enableMenuItems);
     enableMenuItems();
 }
 
@@ -216,7 +215,7 @@ void MainWindow::enableMenuItems() {
     const ImageCatalogue& images = gallery_.images();
     menus.writePageItem->setEnabled(images.imageCount() > 0);
     menus.renameItem->setEnabled(images.imageCount() > 0);
-    menus.restoreNamesItem->setEnabled(images.renameFlag() == kYes);
+    menus.restoreNamesItem->setEnabled(images.renamed());
 }
 
 void MainWindow::setUpList() {

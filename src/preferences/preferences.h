@@ -15,7 +15,7 @@ public:
     int imageQuality = 0;
     QString savePath;
     int lastSize = 0;
-    QString openPrefs;
+    bool openAtStart = false;  // the preferences window opens with the main window
     int frameWidth = 0;
     QColor bordColor = QColor(255, 255, 255);
     int brightness = 0;

@@ -81,7 +81,7 @@ void PreferencesWindow::showPreferences() {
         imageFormatButtons[kImageFormats.indexOf(preferences_.imageFormat)]->setChecked(true);
     for (int row = 0; row < kQualityRows; ++row)
         if (kQualityOfRow[row] == preferences_.imageQuality) ui->qualityBox->setCurrentIndex(row);
-    ui->openAtStartCheckBox->setChecked(preferences_.openPrefs == QStringLiteral("yes"));
+    ui->openAtStartCheckBox->setChecked(preferences_.openAtStart);
     frameButtons[preferences_.frameWidth != 0 ? 1 : 0]->setChecked(true);
     setFillColor(ui->frameSample, preferences_.bordColor);
     setHeight(ui->frameSample, preferences_.frameWidth);
@@ -106,8 +106,7 @@ void PreferencesWindow::acceptChanges() {
     // Recorded for either format, also while the popup is disabled.
     const int row = ui->qualityBox->currentIndex();
     if (row >= 0 && row < kQualityRows) preferences_.imageQuality = kQualityOfRow[row];
-    preferences_.openPrefs =
-        ui->openAtStartCheckBox->isChecked() ? QStringLiteral("yes") : QStringLiteral("no");
+    preferences_.openAtStart = ui->openAtStartCheckBox->isChecked();
     preferences_.frameWidth = frameButtons[0]->isChecked() ? 0 : ui->frameWidthSlider->value();
     preferences_.bordColor = fillColor(ui->frameSample);
     emit preferences_.previewFrameChanged();
