@@ -5,18 +5,40 @@
 #include <QFileInfo>
 #include <QFileOpenEvent>
 #include <QIcon>
+#include <QLayout>
 #include <QTimer>
 #include <exception>
 #include <iostream>
 
 #include "app/identity.h"
+#include "auxwindows/aboutwindow.h"
 #include "mainwindow/mainmenubar.h"
 #include "mainwindow/mainwindow.h"
 #include "platform/dialogs.h"
 #include "platform/nativename.h"
+#include "platform/sharedwindow.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
+#include "preferences/preferencefile.h"
+#include "preferences/preferenceswindow.h"
 #include "resources/namedpictures.h"
+
+namespace {
+
+// The window's size is the size of its control area: where the menu bar lives inside the
+// window, the window is taller by the menu bar's height.
+void setControlAreaSize(MainWindow* window, QSize size) {
+    QSize chrome(0, 0);
+    if (QWidget* area = window->centralWidget()) {
+        window->layout()->activate();
+        chrome = window->size() - area->size();
+    }
+    // Qt bounds a widget's size to QWIDGETSIZE_MAX anyway; bounding first keeps the sum from
+    // overflowing for the huge numbers a damaged file may hold.
+    window->resize(size.boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)) + chrome);
+}
+
+}  // namespace
 
 App::App(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("Velmora"));
@@ -122,4 +144,37 @@ bool App::notify(QObject* receiver, QEvent* event) {
         platform::tell(QStringLiteral("Velmora ran into an unexpected error and carried on."));
     }
     return false;
+}
+
+void App::loadPreferences() {
+    const std::optional<SavedPreferences> saved = readPreferenceFile();
+    if (!saved) {
+        preferences_.lastSize = 720;
+        preferences_.imageQuality = 80;
+        preferences_.imageFormat = QStringLiteral("PNG");
+        preferences_.savePath = QStringLiteral("Desktop");
+        preferences_.openAtStart = true;
+        sharedInstance<AboutWindow>()->showOver(windowMain());
+        return;
+    }
+    preferences_.lastSize = saved->lastSize;
+    preferences_.imageQuality = saved->imageQuality;
+    preferences_.imageFormat = saved->imageFormat;
+    preferences_.savePath = saved->savePath;
+    preferences_.openAtStart = saved->openPrefs == QStringLiteral("yes");
+    if (MainWindow* window = windowMain()) setControlAreaSize(window, saved->windowSize);
+}
+
+void App::savePreferences() {
+    writePreferenceFile(preferences_, {preferences_.mainWinWidth, preferences_.mainWinHeight});
+}
+
+bool App::showAbout() {
+    sharedInstance<AboutWindow>()->showOver(windowMain());
+    return true;
+}
+
+bool App::showPreferences() {
+    sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(windowMain());
+    return true;
 }

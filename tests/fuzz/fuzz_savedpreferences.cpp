@@ -2,7 +2,7 @@
 #include <QBuffer>
 #include <tuple>
 
-#include "app/savedpreferences.h"
+#include "preferences/preferencefile.h"
 #include "fuzzinput.h"
 #include "platform/text.h"
 

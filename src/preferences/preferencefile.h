@@ -2,7 +2,9 @@
 
 #include <QSize>
 #include <QString>
+#include <optional>
 
+class Preferences;
 class QIODevice;
 
 // What the preference file holds: five settings of App and the size of the main window's
@@ -20,3 +22,8 @@ struct SavedPreferences {
 // are told apart by position only; a missing line reads as empty, so its numbers read as 0 and
 // its texts as "". A width or height of 0 becomes 980 by 560.
 SavedPreferences readSavedPreferences(QIODevice& device);
+
+// The preference file of the user's preferences folder, read; nothing when there is none.
+std::optional<SavedPreferences> readPreferenceFile();
+// Writes `preferences` and the main window's control area size to the preference file.
+void writePreferenceFile(const Preferences& preferences, QSize controlArea);
