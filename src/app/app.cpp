@@ -138,7 +138,7 @@ bool App::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
-        platform::tell("Velmora ran into an unexpected error and carried on." + text::Chr(13) +
+        platform::tell(QStringLiteral("Velmora ran into an unexpected error and carried on.\r") +
                        QString::fromLocal8Bit(error.what()));
     } catch (...) {
         platform::tell(QStringLiteral("Velmora ran into an unexpected error and carried on."));

@@ -171,9 +171,9 @@ bool ImageCatalogue::moveRows(const QModelIndex& sourceParent, int sourceRow, in
 void ImageCatalogue::updateSelectionAndCounts() {
     const int count = imageCount();
     selectRow(lastAddedRow());
-    setCountText(text::Str(imageCount()) +
+    setCountText(QString::number(imageCount()) +
                  (count == 1 ? QStringLiteral(" image") : QStringLiteral(" images")));
-    progressText_ = text::Str(imageCount()) + QStringLiteral(" images added, please wait.");
+    progressText_ = QString::number(imageCount()) + QStringLiteral(" images added, please wait.");
     emit progressTextChanged(progressText_);
 }
 

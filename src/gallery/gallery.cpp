@@ -56,8 +56,8 @@ void Gallery::addImagesOf(const QString& folder) {
             images_.setCell(row, CatalogueRow::Path,
                             QDir::toNativeSeparators(item.absoluteFilePath()));
             images_.setCell(row, CatalogueRow::Type, imageTypeOfExtension(item.suffix()));
-            images_.setCell(row, CatalogueRow::Width, text::Str(picture->width()));
-            images_.setCell(row, CatalogueRow::Height, text::Str(picture->height()));
+            images_.setCell(row, CatalogueRow::Width, QString::number(picture->width()));
+            images_.setCell(row, CatalogueRow::Height, QString::number(picture->height()));
         }
         updateList();
     }

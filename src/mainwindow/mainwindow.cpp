@@ -32,9 +32,6 @@
 #include "preview/sizecontrols.h"
 #include "resources/namedpictures.h"
 
-using text::Chr;
-using text::Str;
-
 namespace {
 
 // The local file or folder that the first dragged item names; empty when it names none.
@@ -173,7 +170,7 @@ void MainWindow::fillFromPreferences() {
     // The window takes any file and any folder; whether an item is a picture is settled only
     // when it is opened.
     setAcceptDrops(true);
-    ui_->previewSizeField->setText(Str(preferences_.lastSize));
+    ui_->previewSizeField->setText(QString::number(preferences_.lastSize));
     // The sheet does not hold up the rest of the opening.
     if (preferences_.openAtStart)
         sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(this);
@@ -286,10 +283,9 @@ bool MainWindow::replaceOtherPage(const QString& pageFileName) {
 
 void MainWindow::imagesMissing(const QStringList& fileNames) {
     static constexpr int kNamesShown = 10;
-    platform::tell(
-        Str(fileNames.size()) + QStringLiteral(" images of the page are no longer in the folder.") +
-        Chr(13) +
-        fileNames.first(std::min<qsizetype>(fileNames.size(), kNamesShown)).join(Chr(13)));
+    platform::tell(QString::number(fileNames.size()) +
+                   QStringLiteral(" images of the page are no longer in the folder.\r") +
+                   fileNames.first(std::min<qsizetype>(fileNames.size(), kNamesShown)).join(u'\r'));
 }
 
 void MainWindow::showListProgress() {
@@ -338,7 +334,7 @@ void MainWindow::writePage() {
     if (result.ok)
         platform::openFile(result.path);
     else if (!result.error.isEmpty())
-        platform::tell("The gallery page could not be written." + Chr(13) + result.error);
+        platform::tell(QStringLiteral("The gallery page could not be written.\r") + result.error);
 }
 
 void MainWindow::writePageIfListed() {
@@ -347,10 +343,9 @@ void MainWindow::writePageIfListed() {
         return;
     }
     platform::beep();
-    platform::tell(
-        QStringLiteral("Oooops...") + Chr(13) +
-        QStringLiteral("In order to create the page with the galley, you must first add the "
-                       "folder with the images you have carefully chosen."));
+    platform::tell(QStringLiteral(
+        "Oooops...\rIn order to create the page with the galley, you must first add the "
+        "folder with the images you have carefully chosen."));
 }
 
 void MainWindow::showHelp() {

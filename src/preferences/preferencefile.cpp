@@ -69,14 +69,16 @@ void writePreferenceFile(const Preferences& preferences, QSize controlArea) {
         QStringLiteral("4.0"),
         QStringLiteral("# Last resize dimension, image quality, image format, save path, opend "
                        "prefs on startup"),
-        QStringList{text::Str(preferences.lastSize), text::Str(preferences.imageQuality),
-                    preferences.imageFormat, preferences.savePath,
+        QStringList{QString::number(preferences.lastSize),
+                    QString::number(preferences.imageQuality), preferences.imageFormat,
+                    preferences.savePath,
                     preferences.openAtStart ? QStringLiteral("yes") : QStringLiteral("no")}
             .join(QLatin1Char(',')),
         QStringLiteral("# Main Window width and height"),
-        text::Str(controlArea.width()) + QLatin1Char(',') + text::Str(controlArea.height()),
+        QString::number(controlArea.width()) + QLatin1Char(',') +
+            QString::number(controlArea.height()),
         QStringLiteral("# EOF"),
     };
-    for (const QString& line : lines) file.write((line + text::EndOfLine).toUtf8());
+    for (const QString& line : lines) file.write((line + QLatin1Char('\n')).toUtf8());
     file.commit();
 }

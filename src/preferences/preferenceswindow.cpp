@@ -142,7 +142,7 @@ void PreferencesWindow::describeQuality() {
 void PreferencesWindow::showFrameWidth() {
     const int width = ui->frameWidthSlider->value();
     setHeight(ui->frameSample, width);
-    ui->frameWidthLabel->setText(text::Str(width) + QStringLiteral("px"));
+    ui->frameWidthLabel->setText(QString::number(width) + QStringLiteral("px"));
 }
 
 void PreferencesWindow::chooseFrameColour() {

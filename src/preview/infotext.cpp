@@ -9,9 +9,8 @@ namespace infotext {
 
 QString start() {
     return QStringLiteral(
-               "To start, simply Drag and Drag  a folder of chosen images onto this window.") +
-           text::Chr(13) +
-           QStringLiteral("Please take note: the images have to be already resized.");
+        "To start, simply Drag and Drag  a folder of chosen images onto this window.\r"
+        "Please take note: the images have to be already resized.");
 }
 
 QString ready() {
@@ -25,7 +24,7 @@ QString tooLarge(QSize size) {
 }
 
 void show(QLabel* label, const QString& text) {
-    label->setText(QString(text).replace(text::Chr(13), QStringLiteral("\n")));
+    label->setText(QString(text).replace(u'\r', u'\n'));
     // The label has room for two rows: the first line must not wrap and push the second out.
     narrowToFit(label);
 }

@@ -53,7 +53,7 @@ void SizeControls::commitOnLeaving() {
 }
 
 void SizeControls::followSlider() {
-    controls_.previewSizeField->setText(text::Str(controls_.previewSizeSlider->value()));
+    controls_.previewSizeField->setText(QString::number(controls_.previewSizeSlider->value()));
     preferences_.lastSize = controls_.previewSizeSlider->value();
 }
 
