@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <utility>
 
-#include "page/htmlwindow.h"
+#include "page/pagelayout.h"
 #include "page/pagetext.h"
 
 namespace {
@@ -51,10 +51,6 @@ std::optional<ColouredText> colouredText(QStringView line, QStringView start, QS
                         fieldText(inner->sliced(cut + separator.size()))};
 }
 
-QStringView firstLineOf(const QString& block) {
-    return QStringView(block).first(block.indexOf(u'\r'));
-}
-
 // The writer's lines in the order they come, each found by its fixed parts.
 enum class Stage { Title, Body, Heading, SubHeading, Carousel, Slides, Controls, Done };
 
@@ -62,8 +58,8 @@ enum class Stage { Title, Body, Heading, SubHeading, Carousel, Slides, Controls,
 
 std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
     const QString text = QString::fromUtf8(bytes);
-    const QStringView carouselLine = firstLineOf(htmlWindow::carousel01());
-    const QStringView controlsLine = firstLineOf(htmlWindow::bodyClose()).trimmed();
+    const QStringView carouselLine = pageLayout::carouselOpening().first();
+    const QStringView controlsLine = QStringView(pageLayout::carouselControls().first()).trimmed();
     const QStringView captionStart =
         u"<div class='carousel-caption d-none d-md-block' style='color:";
 

@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
-#include "page/htmlwindow.h"
+#include "page/pagelayout.h"
 #include "page/pagetarget.h"
 #include "page/pagetext.h"
 #include "platform/replacefile.h"
@@ -23,11 +23,8 @@ public:
         const QByteArray bytes = (line + QLatin1Char('\n')).toUtf8();
         ok_ = device_.write(bytes) == bytes.size();
     }
-    // A template block: its carriage returns become line feeds, and WriteLine ends the line
-    // after the block's own last line end, as the page has always been written.
-    void WriteBlock(QString block) {
-        block.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-        WriteLine(block);
+    void WriteLines(const QStringList& lines) {
+        for (const QString& line : lines) WriteLine(line);
     }
     bool ok() const { return ok_; }
 
@@ -60,9 +57,9 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
     const QString& captionColor = settings.captionColor;
     PageStream out(device);
 
-    out.WriteBlock(htmlWindow::head01());
+    out.WriteLines(pageLayout::headStart());
     out.WriteLine("<title>" + pageText::escaped(settings.galleryHTMLtitle) + "</title>");
-    out.WriteBlock(htmlWindow::head02());
+    out.WriteLines(pageLayout::headEnd());
     out.WriteLine("<body style='background-color:" + bgColor + ";'>");
     if (!settings.fullPageWidth) out.WriteLine("<div class='container'>");
     out.WriteLine(" <div style='text-align:center'>");
@@ -73,7 +70,7 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
     out.WriteLine("</div>");
     out.WriteLine();
     out.WriteLine();
-    out.WriteBlock(htmlWindow::carousel01());
+    out.WriteLines(pageLayout::carouselOpening());
     for (int i = 0; i < imageTotal; ++i) {
         out.WriteLine(TAB + "<li data-target='#simpleCarousel' data-slide-to='" + text::Str(i) +
                       (i == 0 ? "' class='active'></li>" : "'></li>"));
@@ -103,7 +100,7 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
         out.WriteLine();
     }
     out.WriteLine("</div>");
-    out.WriteBlock(htmlWindow::bodyClose());
+    out.WriteLines(pageLayout::carouselControls());
     if (!settings.fullPageWidth) out.WriteLine("</div>");
     out.WriteLine("</div>");
     out.WriteLine("</div>");
