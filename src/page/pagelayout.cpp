@@ -8,6 +8,35 @@ const QString jqueryCdnHost = QStringLiteral("code.jquery.com");
 
 }  // namespace
 
+QString FieldLine::with(QStringView field) const {
+    QString line = start.toString();
+    line += field;
+    line += end;
+    return line;
+}
+
+std::optional<QStringView> FieldLine::fieldOf(QStringView line) const {
+    if (line.size() < start.size() + end.size() || !line.startsWith(start) || !line.endsWith(end))
+        return std::nullopt;
+    return line.sliced(start.size(), line.size() - start.size() - end.size());
+}
+
+QString ColouredLine::with(QStringView colour, QStringView text) const {
+    QString line = start.toString();
+    line += colour;
+    line += separator;
+    line += text;
+    line += end;
+    return line;
+}
+
+std::optional<ColouredLine::Fields> ColouredLine::fieldsOf(QStringView line) const {
+    const std::optional<QStringView> inner = FieldLine{start, end}.fieldOf(line);
+    const qsizetype cut = inner ? inner->lastIndexOf(separator) : -1;
+    if (cut < 0) return std::nullopt;
+    return Fields{inner->first(cut), inner->sliced(cut + separator.size())};
+}
+
 const QStringList& headStart() {
     static const QStringList lines = {
         QStringLiteral("<!doctype html>"),
