@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <utility>
 
-#include "page/htmlwindow.h"
+#include "page/pagelayout.h"
 #include "page/pagetext.h"
 
 namespace {
@@ -16,13 +16,6 @@ constexpr qint64 kLargestPage = 64 * 1024 * 1024;
 const QStringList& pageFileNames() {
     static const QStringList patterns = {QStringLiteral("*.html"), QStringLiteral("*.htm")};
     return patterns;
-}
-
-// The part of `line` between a fixed start and a fixed end, as the writer builds its lines.
-std::optional<QStringView> between(QStringView line, QStringView start, QStringView end) {
-    if (line.size() < start.size() + end.size() || !line.startsWith(start) || !line.endsWith(end))
-        return std::nullopt;
-    return line.sliced(start.size(), line.size() - start.size() - end.size());
 }
 
 // A title or caption for a one-line field. A line break that a character reference brings in
@@ -39,20 +32,11 @@ struct ColouredText {
     QString text;
 };
 
-// A line of the form start + colour + separator + text + end. The colour goes into the page as
-// it is, the text escaped, without a '>': so the last separator is the one that follows the
-// colour.
-std::optional<ColouredText> colouredText(QStringView line, QStringView start, QStringView separator,
-                                         QStringView end) {
-    const std::optional<QStringView> inner = between(line, start, end);
-    const qsizetype cut = inner ? inner->lastIndexOf(separator) : -1;
-    if (cut < 0) return std::nullopt;
-    return ColouredText{inner->first(cut).toString(),
-                        fieldText(inner->sliced(cut + separator.size()))};
-}
-
-QStringView firstLineOf(const QString& block) {
-    return QStringView(block).first(block.indexOf(u'\r'));
+// The colour as it stands in the line, and the text decoded.
+std::optional<ColouredText> colouredText(QStringView line, const pageLayout::ColouredLine& layout) {
+    const std::optional<pageLayout::ColouredLine::Fields> fields = layout.fieldsOf(line);
+    if (!fields) return std::nullopt;
+    return ColouredText{fields->colour.toString(), fieldText(fields->text)};
 }
 
 // The writer's lines in the order they come, each found by its fixed parts.
@@ -62,10 +46,8 @@ enum class Stage { Title, Body, Heading, SubHeading, Carousel, Slides, Controls,
 
 std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
     const QString text = QString::fromUtf8(bytes);
-    const QStringView carouselLine = firstLineOf(htmlWindow::carousel01());
-    const QStringView controlsLine = firstLineOf(htmlWindow::bodyClose()).trimmed();
-    const QStringView captionStart =
-        u"<div class='carousel-caption d-none d-md-block' style='color:";
+    const QStringView carouselLine = pageLayout::carouselOpening().first();
+    const QStringView controlsLine = QStringView(pageLayout::carouselControls().first()).trimmed();
 
     GalleryPage page;
     GallerySettings& settings = page.settings;
@@ -76,29 +58,27 @@ std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
         line = line.trimmed();
         switch (stage) {
             case Stage::Title:
-                if (const auto title = between(line, u"<title>", u"</title>")) {
+                if (const auto title = pageLayout::kTitle.fieldOf(line)) {
                     settings.galleryHTMLtitle = fieldText(*title);
                     stage = Stage::Body;
                 }
                 break;
             case Stage::Body:
-                if (const auto colour = between(line, u"<body style='background-color:", u";'>")) {
+                if (const auto colour = pageLayout::kBody.fieldOf(line)) {
                     settings.bgColor = colour->toString();
                     stage = Stage::Heading;
                 }
                 break;
             case Stage::Heading:
-                if (line == u"<div class='container'>") settings.fullPageWidth = false;
-                if (auto heading = colouredText(line, u"<h1 class='display-4' style='color:",
-                                                u";'>", u"</h1>")) {
+                if (line == pageLayout::kContainer) settings.fullPageWidth = false;
+                if (auto heading = colouredText(line, pageLayout::kHeading)) {
                     settings.textColor = std::move(heading->colour);
                     settings.galleryTitle = std::move(heading->text);
                     stage = Stage::SubHeading;
                 }
                 break;
             case Stage::SubHeading:
-                if (auto sub =
-                        colouredText(line, u"<p class='h4' style='color:", u";'>", u"</p>")) {
+                if (auto sub = colouredText(line, pageLayout::kSubheading)) {
                     settings.gallerySubTitle = std::move(sub->text);
                     stage = Stage::Carousel;
                 }
@@ -108,13 +88,12 @@ std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
                 break;
             case Stage::Slides:
                 if (captionDue) {
-                    auto caption = colouredText(line, captionStart, u"'><h5>", u"</h5></div>");
+                    auto caption = colouredText(line, pageLayout::kCaption);
                     if (!caption) return std::nullopt;
                     if (page.slides.size() == 1) settings.captionColor = std::move(caption->colour);
                     page.slides.last().caption = std::move(caption->text);
                     captionDue = false;
-                } else if (const auto address =
-                               between(line, u"<img src='", u"' class='d-block w-100' alt=''>")) {
+                } else if (const auto address = pageLayout::kImage.fieldOf(line)) {
                     page.slides.append({pageText::fileNameOfAddress(address->toString()), {}});
                     captionDue = true;
                 } else if (line == controlsLine && !page.slides.isEmpty()) {
@@ -122,7 +101,7 @@ std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
                 }
                 break;
             case Stage::Controls:
-                if (line == u"</html>") stage = Stage::Done;
+                if (line == pageLayout::kPageEnd) stage = Stage::Done;
                 break;
             case Stage::Done:
                 break;

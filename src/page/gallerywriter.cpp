@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
-#include "page/htmlwindow.h"
+#include "page/pagelayout.h"
 #include "page/pagetarget.h"
 #include "page/pagetext.h"
 #include "platform/replacefile.h"
@@ -18,16 +18,13 @@ public:
     explicit PageStream(QIODevice& device) : device_(device) {}
 
     // One line of the page, ended by a line feed.
-    void WriteLine(const QString& line = {}) {
+    void WriteLine(QStringView line = {}) {
         if (!ok_) return;
-        const QByteArray bytes = (line + QLatin1Char('\n')).toUtf8();
+        const QByteArray bytes = line.toUtf8() + '\n';
         ok_ = device_.write(bytes) == bytes.size();
     }
-    // A template block: its carriage returns become line feeds, and WriteLine ends the line
-    // after the block's own last line end, as the page has always been written.
-    void WriteBlock(QString block) {
-        block.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-        WriteLine(block);
+    void WriteLines(const QStringList& lines) {
+        for (const QString& line : lines) WriteLine(line);
     }
     bool ok() const { return ok_; }
 
@@ -60,55 +57,52 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
     const QString& captionColor = settings.captionColor;
     PageStream out(device);
 
-    out.WriteBlock(htmlWindow::head01());
-    out.WriteLine("<title>" + pageText::escaped(settings.galleryHTMLtitle) + "</title>");
-    out.WriteBlock(htmlWindow::head02());
-    out.WriteLine("<body style='background-color:" + bgColor + ";'>");
-    if (!settings.fullPageWidth) out.WriteLine("<div class='container'>");
-    out.WriteLine(" <div style='text-align:center'>");
-    out.WriteLine(TAB + "<h1 class='display-4' style='color:" + textColor + ";'>" +
-                  pageText::escaped(settings.galleryTitle) + "</h1>");
-    out.WriteLine(TAB + "<p class='h4' style='color:" + textColor + ";'>" +
-                  pageText::escaped(settings.gallerySubTitle) + "</p>");
-    out.WriteLine("</div>");
+    out.WriteLines(pageLayout::headStart());
+    out.WriteLine(pageLayout::kTitle.with(pageText::escaped(settings.galleryHTMLtitle)));
+    out.WriteLines(pageLayout::headEnd());
+    out.WriteLine(pageLayout::kBody.with(bgColor));
+    if (!settings.fullPageWidth) out.WriteLine(pageLayout::kContainer);
+    out.WriteLine(u" <div style='text-align:center'>");
+    out.WriteLine(TAB +
+                  pageLayout::kHeading.with(textColor, pageText::escaped(settings.galleryTitle)));
+    out.WriteLine(
+        TAB + pageLayout::kSubheading.with(textColor, pageText::escaped(settings.gallerySubTitle)));
+    out.WriteLine(u"</div>");
     out.WriteLine();
     out.WriteLine();
-    out.WriteBlock(htmlWindow::carousel01());
+    out.WriteLines(pageLayout::carouselOpening());
     for (int i = 0; i < imageTotal; ++i) {
-        out.WriteLine(TAB + "<li data-target='#simpleCarousel' data-slide-to='" + text::Str(i) +
-                      (i == 0 ? "' class='active'></li>" : "'></li>"));
+        const pageLayout::FieldLine& indicator =
+            i == 0 ? pageLayout::kActiveIndicator : pageLayout::kIndicator;
+        out.WriteLine(TAB + indicator.with(text::Str(i)));
     }
-    out.WriteLine("</ol>");
+    out.WriteLine(u"</ol>");
     out.WriteLine();
     out.WriteLine();
-    out.WriteLine("<div class='carousel-inner'>");
-    out.WriteLine("<div class='carousel-inner'>");
+    out.WriteLine(u"<div class='carousel-inner'>");
+    out.WriteLine(u"<div class='carousel-inner'>");
 
     out.WriteLine(TAB + "<div class='carousel-item active' data-interval='4000'>");
-    out.WriteLine(TAB + TAB + "<div class='carousel-caption d-none d-md-block' style='color:" +
-                  bgColor + "'><h5>" + "0" + "</h5></div>");
-    out.WriteLine(TAB + TAB + "<img src='" + addressOf(rows, 0) +
-                  "' class='d-block w-100' alt=''>");
-    out.WriteLine(TAB + TAB + "<div class='carousel-caption d-none d-md-block' style='color:" +
-                  captionColor + "'><h5>" + captionOf(rows, 0) + "</h5></div>");
+    out.WriteLine(TAB + TAB + pageLayout::kCaption.with(bgColor, u"0"));
+    out.WriteLine(TAB + TAB + pageLayout::kImage.with(addressOf(rows, 0)));
+    out.WriteLine(TAB + TAB + pageLayout::kCaption.with(captionColor, captionOf(rows, 0)));
     out.WriteLine(TAB + "</div>");
     out.WriteLine();
 
     for (int i = 1; i < imageTotal; ++i) {
-        out.WriteLine("<div class='carousel-item' data-interval='4000'>");
-        out.WriteLine(TAB + "<img src='" + addressOf(rows, i) + "' class='d-block w-100' alt=''>");
-        out.WriteLine(TAB + "<div class='carousel-caption d-none d-md-block' style='color:" +
-                      captionColor + "'><h5>" + captionOf(rows, i) + "</h5></div>");
-        out.WriteLine("</div>");
+        out.WriteLine(u"<div class='carousel-item' data-interval='4000'>");
+        out.WriteLine(TAB + pageLayout::kImage.with(addressOf(rows, i)));
+        out.WriteLine(TAB + pageLayout::kCaption.with(captionColor, captionOf(rows, i)));
+        out.WriteLine(u"</div>");
         out.WriteLine();
     }
-    out.WriteLine("</div>");
-    out.WriteBlock(htmlWindow::bodyClose());
-    if (!settings.fullPageWidth) out.WriteLine("</div>");
-    out.WriteLine("</div>");
-    out.WriteLine("</div>");
-    out.WriteLine("</body>");
-    out.WriteLine("</html>");
+    out.WriteLine(u"</div>");
+    out.WriteLines(pageLayout::carouselControls());
+    if (!settings.fullPageWidth) out.WriteLine(u"</div>");
+    out.WriteLine(u"</div>");
+    out.WriteLine(u"</div>");
+    out.WriteLine(u"</body>");
+    out.WriteLine(pageLayout::kPageEnd);
     return out.ok();
 }
 

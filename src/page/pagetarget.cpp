@@ -7,7 +7,7 @@
 #include <QMimeDatabase>
 
 #include "page/gallerywriter.h"
-#include "page/htmlwindow.h"
+#include "page/pagelayout.h"
 #include "platform/nativename.h"
 #include "platform/picture.h"
 
@@ -33,7 +33,7 @@ bool isListed(const struct stat& target, const QList<CatalogueRow>& rows) {
 // Whether the file holds the opening line of Velmora's carousel, wherever it stands: the titles
 // before it may be of any length.
 bool holdsOurCarousel(QFile& file) {
-    const QByteArray mark = htmlWindow::carousel01().section(u'\r', 0, 0).toUtf8();
+    const QByteArray mark = pageLayout::carouselOpening().first().toUtf8();
     constexpr qint64 kChunk = 1 << 16;
     QByteArray window;
     while (!file.atEnd()) {

@@ -1,20 +1,44 @@
-#include "page/htmlwindow.h"
+#include "page/pagelayout.h"
 
-#include <QStringList>
-
-namespace htmlWindow {
+namespace pageLayout {
 namespace {
 
-QString block(const QStringList& lines) {
-    QString text;
-    for (const QString& line : lines) text += line + QLatin1Char('\r');
-    return text;
-}
+const QString packageCdnHost = QStringLiteral("cdn.jsdelivr.net");
+const QString jqueryCdnHost = QStringLiteral("code.jquery.com");
 
 }  // namespace
 
-const QString& head01() {
-    static const QString text = block({
+QString FieldLine::with(QStringView field) const {
+    QString line = start.toString();
+    line += field;
+    line += end;
+    return line;
+}
+
+std::optional<QStringView> FieldLine::fieldOf(QStringView line) const {
+    if (line.size() < start.size() + end.size() || !line.startsWith(start) || !line.endsWith(end))
+        return std::nullopt;
+    return line.sliced(start.size(), line.size() - start.size() - end.size());
+}
+
+QString ColouredLine::with(QStringView colour, QStringView text) const {
+    QString line = start.toString();
+    line += colour;
+    line += separator;
+    line += text;
+    line += end;
+    return line;
+}
+
+std::optional<ColouredLine::Fields> ColouredLine::fieldsOf(QStringView line) const {
+    const std::optional<QStringView> inner = FieldLine{start, end}.fieldOf(line);
+    const qsizetype cut = inner ? inner->lastIndexOf(separator) : -1;
+    if (cut < 0) return std::nullopt;
+    return Fields{inner->first(cut), inner->sliced(cut + separator.size())};
+}
+
+const QStringList& headStart() {
+    static const QStringList lines = {
         QStringLiteral("<!doctype html>"),
         QStringLiteral("<html lang=\"en\">"),
         QStringLiteral("  <head>"),
@@ -29,12 +53,13 @@ const QString& head01() {
                            "integrity=\"sha384-TX8t27EcRE3e/"
                            "ihU7zmQxVncDAy5uIKz4rEkgIXeMed4M0jlfIDPvg6uqKI2xXr2\" "
                            "crossorigin=\"anonymous\">"),
-    });
-    return text;
+        QString(),
+    };
+    return lines;
 }
 
-const QString& head02() {
-    static const QString text = block({
+const QStringList& headEnd() {
+    static const QStringList lines = {
         QStringLiteral("   <!-- Popper.js, and Bootstrap JS -->"),
         QStringLiteral("    <script src=\"https://") + jqueryCdnHost +
             QStringLiteral("/jquery-3.5.1.slim.min.js\" "
@@ -54,31 +79,25 @@ const QString& head02() {
         QString(),
         QStringLiteral("  </head>"),
         QString(),
-    });
-    return text;
+        QString(),
+    };
+    return lines;
 }
 
-const QString& carousel01() {
-    static const QString text = block({
+const QStringList& carouselOpening() {
+    static const QStringList lines = {
         QStringLiteral("<div id=\"simpleCarousel\" class=\"carousel slide carousel-fade\" "
                        "data-ride=\"carousel\">"),
         QString(),
         QString(),
         QStringLiteral("<ol class=\"carousel-indicators\">"),
-    });
-    return text;
+        QString(),
+    };
+    return lines;
 }
 
-const QString& carousel02() {
-    static const QString text = block({
-        QStringLiteral(" </ol>"),
-        QStringLiteral("  <div class=\"carousel-inner\">"),
-    });
-    return text;
-}
-
-const QString& bodyClose() {
-    static const QString text = block({
+const QStringList& carouselControls() {
+    static const QStringList lines = {
         QStringLiteral(
             "  <a class=\"carousel-control-prev\" href=\"#simpleCarousel\" role=\"button\" "
             "data-slide=\"prev\">"),
@@ -93,8 +112,9 @@ const QString& bodyClose() {
             "    <span class=\"carousel-control-next-icon\" aria-hidden=\"true\"></span>"),
         QStringLiteral("    <span class=\"sr-only\">Next</span>"),
         QStringLiteral("  </a>"),
-    });
-    return text;
+        QString(),
+    };
+    return lines;
 }
 
-}  // namespace htmlWindow
+}  // namespace pageLayout
