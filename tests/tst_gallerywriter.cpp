@@ -60,8 +60,8 @@ private slots:
         // looked for each one's end through the rest of the line).
         const QByteArray ampersands(8 << 20, '&');
         QCOMPARE(readGalleryPage(QByteArray(expected).replace("<title>", "<title>" + ampersands))
-                     ->settings.galleryHTMLtitle.size(),
-                 gallery->settings.galleryHTMLtitle.size() + ampersands.size());
+                     ->settings.headTitle.size(),
+                 gallery->settings.headTitle.size() + ampersands.size());
         const qsizetype lastCaption = expected.lastIndexOf("\t<div class='carousel-caption");
         const qsizetype lineEnd = expected.indexOf('\n', lastCaption) + 1;
         for (const QByteArray& other :
@@ -116,8 +116,8 @@ private slots:
                             {{"a.png", ""}}};
         writeFile(page, pageBytes(gallery));
         GallerySettings& settings = gallery.settings;
-        settings.galleryTitle = "Now";
-        settings.galleryFileName = pageName;
+        settings.title = "Now";
+        settings.pageFileName = pageName;
 
         FileFactory makeFile;
         const auto linkOut = [&] {
@@ -139,7 +139,7 @@ private slots:
         } else if (situation == "folder gone") {
             QVERIFY(QDir(folder).removeRecursively());
         } else if (situation == "folder is a file" || situation == "no folder") {
-            settings.galleryPath =
+            settings.folder =
                 situation == "no folder" ? "Please add the image's folder..." : folder + "/a.png/";
         }
         const bool written = told.isEmpty() && answer != kNo;

@@ -24,7 +24,7 @@ class IntakeTest : public QObject {
     MainWindow window{gallery, App::instance()->preferences(), App::instance()->menuBar()};
     ImageCatalogue& catalogue = gallery.images();
     QLineEdit* caption = window.findChild<QLineEdit*>("captionField");
-    QLineEdit* galleryPath = window.findChild<QLineEdit*>("folderField");
+    QLineEdit* folderField = window.findChild<QLineEdit*>("folderField");
     QLabel* imageCountLabel = window.findChild<QLabel*>("imageCountLabel");
     ProgressWindow* progress = nullptr;
     PaintCounter progressPaints;
@@ -48,10 +48,9 @@ class IntakeTest : public QObject {
         const int paints = progressPaints.paints;
         dropOn(target, urls);
         QVERIFY(progressPaints.paints > paints && progress->isHidden());
-        QCOMPARE(
-            QStringList({galleryPath->text(), imageCountLabel->text(), progress->countLabel()}),
-            QStringList({folder, QString("%1 images").arg(count),
-                         QString("%1 images added, please wait.").arg(count)}));
+        QCOMPARE(QStringList({folderField->text(), imageCountLabel->text(), progress->countText()}),
+                 QStringList({folder, QString("%1 images").arg(count),
+                              QString("%1 images added, please wait.").arg(count)}));
         QCOMPARE(catalogue.selectedRow(), 0);
         QVERIFY(TestEnvironment::dialogs().messages.isEmpty() && !TestEnvironment::dialogs().beeps);
     }
@@ -105,7 +104,7 @@ private slots:
 
     void dropsAppendTheFirstItemOfEach() {
         dropOn(&window, {QUrl("https://example.org/photos/")});
-        QCOMPARE(galleryPath->text() + imageCountLabel->text(),
+        QCOMPARE(folderField->text() + imageCountLabel->text(),
                  "Please add the image's folder...0 images");
 
         drop(&window, {QUrl::fromLocalFile(trip), QUrl::fromLocalFile(more)}, 8, trip + "/");
@@ -117,7 +116,7 @@ private slots:
         catalogue.selectRow(2);
         QTest::keyClicks(caption, "Low tide");
         drop(caption, {QUrl::fromLocalFile(more)}, 9, more + "/");
-        QCOMPARE(catalogue.cell(2, CatalogueRow::kCaptionCell), QString("Low tide"));
+        QCOMPARE(catalogue.cell(2, CatalogueRow::Caption), QString("Low tide"));
         QCOMPARE(caption->text(), QString());  // row 0's own caption
         drop(&window, {QUrl::fromLocalFile(more)}, 10, more + "/");
         QCOMPARE(rows(8), QStringList(2, "dune|image/png|12x6"));
@@ -161,8 +160,8 @@ private slots:
         for (const char* field : {"captionField", "headTitleField", "titleField", "subtitleField"})
             window.findChild<QLineEdit*>(field)->setText(longText);
         const GallerySettings settings = gallery.settings();
-        QCOMPARE(catalogue.cell(catalogue.selectedRow(), CatalogueRow::kCaptionCell) +
-                     settings.galleryHTMLtitle + settings.galleryTitle + settings.gallerySubTitle,
+        QCOMPARE(catalogue.cell(catalogue.selectedRow(), CatalogueRow::Caption) +
+                     settings.headTitle + settings.title + settings.subtitle,
                  longText.repeated(4));
     }
 

@@ -147,11 +147,11 @@ private slots:
         catalogue = &gallery.images();
         // Every start begins from the same settings.
         const GallerySettings start = gallery.settings();
-        QCOMPARE(start.galleryFileName + start.bgColor + start.textColor + start.captionColor,
-                 "index.htmlBlackWhiteWhite");
-        QCOMPARE(start.galleryHTMLtitle,
-                 QDir(TestEnvironment::home()).dirName() + "'s photo gallery");
-        QVERIFY(start.fullPageWidth && (start.galleryTitle + start.gallerySubTitle).isEmpty());
+        QCOMPARE(
+            start.pageFileName + start.backgroundColour + start.titleColour + start.captionColour,
+            "index.htmlBlackWhiteWhite");
+        QCOMPARE(start.headTitle, QDir(TestEnvironment::home()).dirName() + "'s photo gallery");
+        QVERIFY(start.fullWidth && (start.title + start.subtitle).isEmpty());
         QVERIFY(!existingInstance<PreferencesWindow>());
         // The trip's gallery, made the usual way: rows moved, captions typed, settings chosen.
         writeImages(trip, {"b.png", "a.png", "c.jpg", "d.png"});
@@ -403,10 +403,10 @@ private slots:
                                        : error.isEmpty());
             if (expected.isEmpty()) continue;
             // The page goes to the folder wherever the program was started.
-            QVERIFY(QDir::isAbsolutePath(gallery.settings().galleryPath));
+            QVERIFY(QDir::isAbsolutePath(gallery.settings().folder));
             if (expected != kRestored) continue;
             QCOMPARE(control<QLineEdit>("captionField")->text(), "Dunes");
-            QCOMPARE(gallery.settings().galleryFileName, "trip.html");
+            QCOMPARE(gallery.settings().pageFileName, "trip.html");
             QCOMPARE(savedTrip(), written);
         }
     }
@@ -437,14 +437,14 @@ private slots:
         page.slides.insert(5, {"caf\u00e9.png", "Terrace"});  // composed, the file decomposed
         writeFile(later + "/trip.html", pageBytes(page), 30);
         GalleryPage older = page;
-        older.settings.galleryTitle = "An older page";
+        older.settings.title = "An older page";
         writeFile(later + "/older.htm", pageBytes(older), 60);
         dialogs.answers.enqueue(true);
         hand("drop", "Later");
         QCOMPARE(dialogs.questions.first(), kAsked);
         QCOMPARE(rows(), QStringList({"c.jpg|Cliffs", "b.png|", "cafe\u0301.png|Terrace", "0.png|",
                                       "e.png|"}));
-        page.settings.captionColor = "White";  // left as it was
+        page.settings.captionColour = "White";  // left as it was
         QVERIFY(gallery.settings() == page.settings);
         QStringList told = {"12 images of the page are no longer in the folder."};
         for (int i = 1; i <= 10; ++i) told << QString("gone %1.jpg").arg(i);

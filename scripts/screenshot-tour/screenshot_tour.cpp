@@ -112,7 +112,7 @@ private:
         const auto connection = QObject::connect(
             &App::instance()->gallery().images(), &ImageCatalogue::progressTextChanged, [&] {
                 ProgressWindow* progress = existingInstance<ProgressWindow>();
-                if (caught || !progress || progress->countLabel() != kProgressCaught) return;
+                if (caught || !progress || progress->countText() != kProgressCaught) return;
                 progress->refresh(ProgressWindow::Repaint::Now);
                 grab("03-progress-during-drop");
                 caught = true;

@@ -47,7 +47,7 @@ void ProgressWindow::setCountText(const QString& text) {
     ui_->countLabel->setText(text);
 }
 
-QString ProgressWindow::countLabel() const {
+QString ProgressWindow::countText() const {
     return ui_->countLabel->text();
 }
 

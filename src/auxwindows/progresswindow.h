@@ -22,7 +22,7 @@ public:
     void hideAfterWalk();
 
     void setCountText(const QString& text);
-    QString countLabel() const;
+    QString countText() const;
 
     enum class Repaint { AtMostOncePerFrame, Now };
     // Repaints within the call, if the window is showing. A fast walk asks after every item;

@@ -14,7 +14,6 @@ struct CatalogueRow {
     QString caption;  // never shown in the list
 
     enum Column { ListName, FileName, Path, Type, Width, Height, Caption = 7 };
-    static constexpr int kCaptionCell = Caption;
 
     QString cell(int column) const;
     void setCell(int column, const QString& text);

@@ -62,21 +62,21 @@ void Gallery::addImagesOf(const QString& folder) {
         updateList();
     }
     images_.selectRow(0);
-    settings_.galleryPath = QDir::toNativeSeparators(folder) + QStringLiteral("/");
+    settings_.folder = QDir::toNativeSeparators(folder) + QStringLiteral("/");
     emit settingsChanged();
 }
 
 void Gallery::reopen(const GalleryPageFile& found) {
     const QStringList missing = arrangeAsPage(images_, found.page.slides);
     const GallerySettings& page = found.page.settings;
-    settings_.galleryFileName = QFileInfo(found.path).fileName();
-    settings_.galleryHTMLtitle = page.galleryHTMLtitle;
-    settings_.galleryTitle = page.galleryTitle;
-    settings_.gallerySubTitle = page.gallerySubTitle;
-    settings_.bgColor = listedColour(page.bgColor, settings_.bgColor);
-    settings_.textColor = listedColour(page.textColor, settings_.textColor);
-    settings_.captionColor = listedColour(page.captionColor, settings_.captionColor);
-    settings_.fullPageWidth = page.fullPageWidth;
+    settings_.pageFileName = QFileInfo(found.path).fileName();
+    settings_.headTitle = page.headTitle;
+    settings_.title = page.title;
+    settings_.subtitle = page.subtitle;
+    settings_.backgroundColour = listedColour(page.backgroundColour, settings_.backgroundColour);
+    settings_.titleColour = listedColour(page.titleColour, settings_.titleColour);
+    settings_.captionColour = listedColour(page.captionColour, settings_.captionColour);
+    settings_.fullWidth = page.fullWidth;
     emit settingsChanged();
     images_.selectRow(0);
     if (!missing.isEmpty() && questions_) questions_->imagesMissing(missing);

@@ -38,7 +38,7 @@ QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& sli
         if (!placed[row]) order << row;
     catalogue.arrange(order);
     for (int row = 0; row < captions.size(); ++row)
-        catalogue.setCell(row, CatalogueRow::kCaptionCell, captions[row]);
+        catalogue.setCell(row, CatalogueRow::Caption, captions[row]);
     missing.removeDuplicates();
     return missing;
 }

@@ -140,30 +140,30 @@ void MainWindow::connectSettingFields() {
 void MainWindow::storeSettings() {
     if (showingSettings_) return;
     GallerySettings settings;
-    settings.galleryPath = ui_->folderField->text();
-    settings.galleryFileName = ui_->pageFileNameField->text();
-    settings.galleryHTMLtitle = ui_->headTitleField->text();
-    settings.galleryTitle = ui_->titleField->text();
-    settings.gallerySubTitle = ui_->subtitleField->text();
-    settings.bgColor = ui_->backgroundColourBox->currentText();
-    settings.textColor = ui_->titleColourBox->currentText();
-    settings.captionColor = ui_->captionColourBox->currentText();
-    settings.fullPageWidth = ui_->fullWidthCheckBox->isChecked();
+    settings.folder = ui_->folderField->text();
+    settings.pageFileName = ui_->pageFileNameField->text();
+    settings.headTitle = ui_->headTitleField->text();
+    settings.title = ui_->titleField->text();
+    settings.subtitle = ui_->subtitleField->text();
+    settings.backgroundColour = ui_->backgroundColourBox->currentText();
+    settings.titleColour = ui_->titleColourBox->currentText();
+    settings.captionColour = ui_->captionColourBox->currentText();
+    settings.fullWidth = ui_->fullWidthCheckBox->isChecked();
     gallery_.setSettings(settings);
 }
 
 void MainWindow::showSettings() {
     const GallerySettings& settings = gallery_.settings();
     const QScopedValueRollback showing(showingSettings_, true);
-    ui_->folderField->setText(settings.galleryPath);
-    ui_->pageFileNameField->setText(settings.galleryFileName);
-    ui_->headTitleField->setText(settings.galleryHTMLtitle);
-    ui_->titleField->setText(settings.galleryTitle);
-    ui_->subtitleField->setText(settings.gallerySubTitle);
-    ui_->backgroundColourBox->setCurrentText(settings.bgColor);
-    ui_->titleColourBox->setCurrentText(settings.textColor);
-    ui_->captionColourBox->setCurrentText(settings.captionColor);
-    ui_->fullWidthCheckBox->setChecked(settings.fullPageWidth);
+    ui_->folderField->setText(settings.folder);
+    ui_->pageFileNameField->setText(settings.pageFileName);
+    ui_->headTitleField->setText(settings.headTitle);
+    ui_->titleField->setText(settings.title);
+    ui_->subtitleField->setText(settings.subtitle);
+    ui_->backgroundColourBox->setCurrentText(settings.backgroundColour);
+    ui_->titleColourBox->setCurrentText(settings.titleColour);
+    ui_->captionColourBox->setCurrentText(settings.captionColour);
+    ui_->fullWidthCheckBox->setChecked(settings.fullWidth);
 }
 
 void MainWindow::fillFromPreferences() {
@@ -229,13 +229,13 @@ void MainWindow::showSelectedImage() {
     const int row = images.selectedRow();
     if (row < 0) return;
     ui_->imageCanvas->showImage(images.cell(row, CatalogueRow::Path));
-    ui_->captionField->setText(images.cell(row, CatalogueRow::kCaptionCell));
+    ui_->captionField->setText(images.cell(row, CatalogueRow::Caption));
 }
 
 void MainWindow::storeCaption(const QString& text) {
     // Without a selected row no row takes the text.
     ImageCatalogue& images = gallery_.images();
-    images.setCell(images.selectedRow(), CatalogueRow::kCaptionCell, text);
+    images.setCell(images.selectedRow(), CatalogueRow::Caption, text);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

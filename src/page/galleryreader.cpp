@@ -59,27 +59,27 @@ std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
         switch (stage) {
             case Stage::Title:
                 if (const auto title = pageLayout::kTitle.fieldOf(line)) {
-                    settings.galleryHTMLtitle = fieldText(*title);
+                    settings.headTitle = fieldText(*title);
                     stage = Stage::Body;
                 }
                 break;
             case Stage::Body:
                 if (const auto colour = pageLayout::kBody.fieldOf(line)) {
-                    settings.bgColor = colour->toString();
+                    settings.backgroundColour = colour->toString();
                     stage = Stage::Heading;
                 }
                 break;
             case Stage::Heading:
-                if (line == pageLayout::kContainer) settings.fullPageWidth = false;
+                if (line == pageLayout::kContainer) settings.fullWidth = false;
                 if (auto heading = colouredText(line, pageLayout::kHeading)) {
-                    settings.textColor = std::move(heading->colour);
-                    settings.galleryTitle = std::move(heading->text);
+                    settings.titleColour = std::move(heading->colour);
+                    settings.title = std::move(heading->text);
                     stage = Stage::SubHeading;
                 }
                 break;
             case Stage::SubHeading:
                 if (auto sub = colouredText(line, pageLayout::kSubheading)) {
-                    settings.gallerySubTitle = std::move(sub->text);
+                    settings.subtitle = std::move(sub->text);
                     stage = Stage::Carousel;
                 }
                 break;
@@ -90,7 +90,8 @@ std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
                 if (captionDue) {
                     auto caption = colouredText(line, pageLayout::kCaption);
                     if (!caption) return std::nullopt;
-                    if (page.slides.size() == 1) settings.captionColor = std::move(caption->colour);
+                    if (page.slides.size() == 1)
+                        settings.captionColour = std::move(caption->colour);
                     page.slides.last().caption = std::move(caption->text);
                     captionDue = false;
                 } else if (const auto address = pageLayout::kImage.fieldOf(line)) {

@@ -4,15 +4,15 @@
 
 // What the page writer reads from the main window's gallery settings.
 struct GallerySettings {
-    QString galleryPath;  // the images' folder, ending in "/"
-    QString galleryFileName;
-    QString galleryHTMLtitle;
-    QString galleryTitle;
-    QString gallerySubTitle;
-    QString bgColor;
-    QString textColor;
-    QString captionColor;
-    bool fullPageWidth = true;
+    QString folder;  // the images' folder, ending in "/"
+    QString pageFileName;
+    QString headTitle;
+    QString title;
+    QString subtitle;
+    QString backgroundColour;
+    QString titleColour;
+    QString captionColour;
+    bool fullWidth = true;
 
     bool operator==(const GallerySettings&) const = default;
 };

@@ -43,7 +43,7 @@ QString addressOf(const QList<CatalogueRow>& rows, int row) {
 }
 
 QString captionOf(const QList<CatalogueRow>& rows, int row) {
-    return pageText::escaped(cellOf(rows, row, CatalogueRow::kCaptionCell));
+    return pageText::escaped(cellOf(rows, row, CatalogueRow::Caption));
 }
 
 }  // namespace
@@ -52,21 +52,20 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
                       const QList<CatalogueRow>& rows) {
     const QString TAB = text::Chr(9);
     const int imageTotal = text::truncateToInt(text::Val(countText));
-    const QString& bgColor = settings.bgColor;
-    const QString& textColor = settings.textColor;
-    const QString& captionColor = settings.captionColor;
+    const QString& backgroundColour = settings.backgroundColour;
+    const QString& titleColour = settings.titleColour;
+    const QString& captionColour = settings.captionColour;
     PageStream out(device);
 
     out.WriteLines(pageLayout::headStart());
-    out.WriteLine(pageLayout::kTitle.with(pageText::escaped(settings.galleryHTMLtitle)));
+    out.WriteLine(pageLayout::kTitle.with(pageText::escaped(settings.headTitle)));
     out.WriteLines(pageLayout::headEnd());
-    out.WriteLine(pageLayout::kBody.with(bgColor));
-    if (!settings.fullPageWidth) out.WriteLine(pageLayout::kContainer);
+    out.WriteLine(pageLayout::kBody.with(backgroundColour));
+    if (!settings.fullWidth) out.WriteLine(pageLayout::kContainer);
     out.WriteLine(u" <div style='text-align:center'>");
+    out.WriteLine(TAB + pageLayout::kHeading.with(titleColour, pageText::escaped(settings.title)));
     out.WriteLine(TAB +
-                  pageLayout::kHeading.with(textColor, pageText::escaped(settings.galleryTitle)));
-    out.WriteLine(
-        TAB + pageLayout::kSubheading.with(textColor, pageText::escaped(settings.gallerySubTitle)));
+                  pageLayout::kSubheading.with(titleColour, pageText::escaped(settings.subtitle)));
     out.WriteLine(u"</div>");
     out.WriteLine();
     out.WriteLine();
@@ -83,22 +82,22 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
     out.WriteLine(u"<div class='carousel-inner'>");
 
     out.WriteLine(TAB + "<div class='carousel-item active' data-interval='4000'>");
-    out.WriteLine(TAB + TAB + pageLayout::kCaption.with(bgColor, u"0"));
+    out.WriteLine(TAB + TAB + pageLayout::kCaption.with(backgroundColour, u"0"));
     out.WriteLine(TAB + TAB + pageLayout::kImage.with(addressOf(rows, 0)));
-    out.WriteLine(TAB + TAB + pageLayout::kCaption.with(captionColor, captionOf(rows, 0)));
+    out.WriteLine(TAB + TAB + pageLayout::kCaption.with(captionColour, captionOf(rows, 0)));
     out.WriteLine(TAB + "</div>");
     out.WriteLine();
 
     for (int i = 1; i < imageTotal; ++i) {
         out.WriteLine(u"<div class='carousel-item' data-interval='4000'>");
         out.WriteLine(TAB + pageLayout::kImage.with(addressOf(rows, i)));
-        out.WriteLine(TAB + pageLayout::kCaption.with(captionColor, captionOf(rows, i)));
+        out.WriteLine(TAB + pageLayout::kCaption.with(captionColour, captionOf(rows, i)));
         out.WriteLine(u"</div>");
         out.WriteLine();
     }
     out.WriteLine(u"</div>");
     out.WriteLines(pageLayout::carouselControls());
-    if (!settings.fullPageWidth) out.WriteLine(u"</div>");
+    if (!settings.fullWidth) out.WriteLine(u"</div>");
     out.WriteLine(u"</div>");
     out.WriteLine(u"</div>");
     out.WriteLine(u"</body>");
@@ -107,7 +106,7 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
 }
 
 QString galleryPagePath(const GallerySettings& settings) {
-    return settings.galleryPath + settings.galleryFileName;
+    return settings.folder + settings.pageFileName;
 }
 
 namespace {
@@ -116,7 +115,7 @@ namespace {
 // failed write does not always say (a full disk may report "Unknown error", or nothing at all).
 QString whyNotWritten(const GallerySettings& settings, const ReplaceOutcome& outcome,
                       qint64 pageSize) {
-    const QString folder = QDir::cleanPath(settings.galleryPath);
+    const QString folder = QDir::cleanPath(settings.folder);
     const QFileInfo place(folder);
     QString cause;
     if (!place.exists())
@@ -145,7 +144,7 @@ PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& 
     result.path = galleryPagePath(settings);
     PageTarget target = examinePageTarget(settings, rows);
     if (target.kind == PageTarget::Kind::OtherPage) {
-        if (!(mayReplace && mayReplace(settings.galleryFileName))) return result;
+        if (!(mayReplace && mayReplace(settings.pageFileName))) return result;
         // Anything may have taken the page's place while the user was asked.
         target = examinePageTarget(settings, rows);
     }

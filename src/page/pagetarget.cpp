@@ -58,14 +58,14 @@ PageTarget refused(const QString& why) {
 }  // namespace
 
 PageTarget examinePageTarget(const GallerySettings& settings, const QList<CatalogueRow>& rows) {
-    const QString& name = settings.galleryFileName;
+    const QString& name = settings.pageFileName;
     if (!isPlainFileName(name))
         return refused(QStringLiteral(
             "The page name must be a plain file name, such as index.html: not empty, not \".\" or "
             "\"..\", and without \"/\", \"\\\" or a null character."));
 
     // The gallery's folder is known by its full path once a folder was dropped, and only then.
-    if (!QDir::isAbsolutePath(settings.galleryPath) || !settings.galleryPath.endsWith(u'/'))
+    if (!QDir::isAbsolutePath(settings.folder) || !settings.folder.endsWith(u'/'))
         return refused(
             QStringLiteral("There is no folder for the page yet: please drop the "
                            "folder of the images on the window."));

@@ -50,8 +50,8 @@ int main(int argc, char** argv) {
         gallery["subtitle"].toString(),       colours["background"]["name"].toString(),
         colours["titles"]["name"].toString(), colours["captions"]["name"].toString()};
     for (const QJsonValue& page : gallery["pages"].toArray()) {
-        settings.galleryFileName = page["file"].toString();
-        settings.fullPageWidth = page["fullWidth"].toBool();
+        settings.pageFileName = page["file"].toString();
+        settings.fullWidth = page["fullWidth"].toBool();
         const PageWriteResult result =
             saveGalleryPage(settings, QString::number(rows.size()), rows);
         if (!result.ok)

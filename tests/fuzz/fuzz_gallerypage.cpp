@@ -58,13 +58,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         gallery.slides.append({fileName(input), input.text()});
 
     QByteArray pages[2];
-    for (const bool fullPageWidth : {true, false}) {
-        gallery.settings.fullPageWidth = fullPageWidth;
-        QBuffer buffer(&pages[fullPageWidth]);
+    for (const bool fullWidth : {true, false}) {
+        gallery.settings.fullWidth = fullWidth;
+        QBuffer buffer(&pages[fullWidth]);
         buffer.open(QIODevice::WriteOnly);
         const QString countText = text::Str(count) + (count == 1 ? " image" : " images");
         FUZZ_CHECK(writeGalleryPage(buffer, gallery.settings, countText, rowsOf(gallery)));
-        const QByteArray& page = pages[fullPageWidth];
+        const QByteArray& page = pages[fullWidth];
         // Nothing typed or named opens or closes an element, so every tag is the writer's.
         FUZZ_CHECK(page.count("<div") == page.count("</div>") && page.endsWith("</html>\n"));
         FUZZ_CHECK(page.count("<div class='carousel-item") == slides &&
@@ -86,8 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Every name, as a folder holds it, and every text, as a field holds it, reads back from the
     // page as it went in; and what is read writes the same page again.
     GallerySettings& settings = gallery.settings;
-    for (QString* text :
-         {&settings.galleryHTMLtitle, &settings.galleryTitle, &settings.gallerySubTitle})
+    for (QString* text : {&settings.headTitle, &settings.title, &settings.subtitle})
         *text = fieldText(*text);
     for (PageSlide& slide : gallery.slides) {
         slide.fileName = nativeName::fromBytes(nativeName::toBytes(slide.fileName));

@@ -2,9 +2,9 @@
 #include <QBuffer>
 #include <tuple>
 
-#include "preferences/preferencefile.h"
 #include "fuzzinput.h"
 #include "platform/text.h"
+#include "preferences/preferencefile.h"
 
 namespace {
 
