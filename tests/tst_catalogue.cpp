@@ -117,7 +117,7 @@ private slots:
             {"-4x", -4}, {"Empty list", 0}, {"\t0012", 12}, {".5", 0.5},
             {"-", 0},    {"2e3 px", 2000},  {"2e", 2},      {"1,5", 1}};
         for (const auto& [text, value] : cases)
-            QVERIFY2(text::Val(text) == value, qPrintable(text));
+            QVERIFY2(text::leadingNumber(text) == value, qPrintable(text));
     }
 };
 

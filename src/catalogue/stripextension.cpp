@@ -14,9 +14,9 @@ const QStringList kKnownExtensions = {"jpg",  "jpeg", "tif",  "tiff", "pct", "ps
 }  // namespace
 
 QString stripExtension(const QString& name) {
-    const int fields = text::CountFields(name, QStringLiteral("."));
+    const int fields = text::fieldCount(name, QStringLiteral("."));
     if (fields <= 1) return name;
-    const QString ext = text::NthField(name, QStringLiteral("."), fields);
+    const QString ext = text::fieldAt(name, QStringLiteral("."), fields);
     // The search folds case, so "photo.Jpg" loses its extension like "photo.jpg".
     if (!kKnownExtensions.contains(ext, Qt::CaseInsensitive)) return name;
     return name.left(name.lastIndexOf(u'.'));

@@ -50,8 +50,8 @@ QString captionOf(const QList<CatalogueRow>& rows, int row) {
 
 bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const QString& countText,
                       const QList<CatalogueRow>& rows) {
-    const QString TAB = text::Chr(9);
-    const int imageTotal = text::truncateToInt(text::Val(countText));
+    const QString TAB = QStringLiteral("\t");
+    const int imageTotal = text::truncateToInt(text::leadingNumber(countText));
     const QString& backgroundColour = settings.backgroundColour;
     const QString& titleColour = settings.titleColour;
     const QString& captionColour = settings.captionColour;
@@ -73,7 +73,7 @@ bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const 
     for (int i = 0; i < imageTotal; ++i) {
         const pageLayout::FieldLine& indicator =
             i == 0 ? pageLayout::kActiveIndicator : pageLayout::kIndicator;
-        out.WriteLine(TAB + indicator.with(text::Str(i)));
+        out.WriteLine(TAB + indicator.with(QString::number(i)));
     }
     out.WriteLine(u"</ol>");
     out.WriteLine();
@@ -132,7 +132,7 @@ QString whyNotWritten(const GallerySettings& settings, const ReplaceOutcome& out
         cause = QStringLiteral("The disk is full.");
     else
         cause = QStringLiteral("The system could not write the file: ") + outcome.errorString;
-    return cause + text::Chr(13) + galleryPagePath(settings);
+    return cause + u'\r' + galleryPagePath(settings);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 namespace text {
 
-double Val(const QString& text) {
+double leadingNumber(const QString& text) {
     const qsizetype length = text.size();
     qsizetype i = 0;
     while (i < length && (text[i] == u' ' || text[i] == u'\t')) ++i;
@@ -46,10 +46,6 @@ int truncateToInt(double value) {
     return static_cast<int>(truncated);
 }
 
-QString Str(int value) {
-    return QString::number(value);
-}
-
 namespace {
 // Where the field `index` (from 1) starts, walking the separators one by one rather than splitting
 // the whole text, so that a line of millions of separators costs no more than its length. -1 when
@@ -65,7 +61,7 @@ qsizetype fieldStart(const QString& text, const QString& separator, int index) {
 }
 }  // namespace
 
-QString NthField(const QString& text, const QString& separator, int index) {
+QString fieldAt(const QString& text, const QString& separator, int index) {
     if (index < 1 || text.isEmpty()) return {};
     if (separator.isEmpty()) return index == 1 ? text : QString();
     const qsizetype start = fieldStart(text, separator, index);
@@ -74,7 +70,7 @@ QString NthField(const QString& text, const QString& separator, int index) {
     return text.mid(start, end < 0 ? -1 : end - start);
 }
 
-int CountFields(const QString& text, const QString& separator) {
+int fieldCount(const QString& text, const QString& separator) {
     if (text.isEmpty()) return 0;
     if (separator.isEmpty()) return 1;
     int fields = 1;
@@ -82,14 +78,6 @@ int CountFields(const QString& text, const QString& separator) {
          at = text.indexOf(separator, at + separator.size()))
         ++fields;
     return fields;
-}
-
-QString Chr(int code) {
-    // Any code point, the ones beyond 16 bits included; a number that names none gives U+FFFD.
-    if (code < 0 || code > 0x10FFFF) return QString(QChar::ReplacementCharacter);
-    if (code <= 0xFFFF) return QString(QChar(static_cast<char16_t>(code)));
-    const char32_t point = static_cast<char32_t>(code);
-    return QString::fromUcs4(&point, 1);
 }
 
 }  // namespace text

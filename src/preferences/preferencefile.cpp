@@ -26,11 +26,11 @@ QString nextLine(QIODevice& device) {
 }
 
 QString textField(const QString& line, int index) {
-    return text::NthField(line, QStringLiteral(","), index);
+    return text::fieldAt(line, QStringLiteral(","), index);
 }
 
 int numberField(const QString& line, int index) {
-    return text::truncateToInt(text::Val(textField(line, index)));
+    return text::truncateToInt(text::leadingNumber(textField(line, index)));
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ void ImageCanvas::layOut() {
     QSize device;
     if (picture_) {
         geometry = previewGeometry(picture_->size(), controls_.byWidthButton->isChecked(),
-                                   text::Val(controls_.previewSizeField->text()),
+                                   text::leadingNumber(controls_.previewSizeField->text()),
                                    preferences_->frameWidth);
         // Even with no room left inside the frame, a file that cannot be decoded is no picture.
         const QRect inner = geometry.inner.isEmpty() ? QRect(0, 0, 1, 1) : geometry.inner;

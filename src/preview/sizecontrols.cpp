@@ -66,7 +66,7 @@ void SizeControls::sizeByHeight() {
 }
 
 void SizeControls::applyClampRule() {
-    const double wanted = text::Val(controls_.previewSizeField->text());
+    const double wanted = text::leadingNumber(controls_.previewSizeField->text());
     if (1.0 > wanted)
         controls_.previewSizeField->setText(QStringLiteral("1"));
     else if (wanted > 9999.0)
@@ -74,5 +74,5 @@ void SizeControls::applyClampRule() {
 }
 
 int SizeControls::fieldNumber() const {
-    return text::truncateToInt(text::Val(controls_.previewSizeField->text()));
+    return text::truncateToInt(text::leadingNumber(controls_.previewSizeField->text()));
 }

@@ -32,11 +32,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // exception is a last text of its line that ends in a carriage return: written, that return
     // joins the line end.
     if (openPrefs.endsWith(u'\r')) return 0;
-    using text::Str;
     const QStringList lines = {
-        "#",    "4.0",
-        "#",    QStringList{Str(lastSize), Str(quality), format, path, openPrefs}.join(u','),
-        "#",    Str(windowSize.width()) + u',' + Str(windowSize.height()),
+        "#",
+        "4.0",
+        "#",
+        QStringList{QString::number(lastSize), QString::number(quality), format, path, openPrefs}
+            .join(u','),
+        "#",
+        QString::number(windowSize.width()) + u',' + QString::number(windowSize.height()),
         "# EOF"};
     FUZZ_CHECK(read(lines.join(u'\n').toUtf8()) == saved);
     return 0;

@@ -11,32 +11,33 @@ using namespace text;
 namespace {
 
 // Fields split at a separator and joined with it give the text back, and there are as many
-// as CountFields says: an empty text has none, a text without the separator one.
+// as fieldCount says: an empty text has none, a text without the separator one.
 void fieldsRebuildTheText(const QString& whole, const QString& separator) {
-    const int count = CountFields(whole, separator);
-    FUZZ_CHECK(NthField(whole, separator, 0).isEmpty());
-    FUZZ_CHECK(NthField(whole, separator, count + 1).isEmpty());
+    const int count = fieldCount(whole, separator);
+    FUZZ_CHECK(fieldAt(whole, separator, 0).isEmpty());
+    FUZZ_CHECK(fieldAt(whole, separator, count + 1).isEmpty());
     if (whole.isEmpty() || separator.isEmpty() || !whole.contains(separator)) {
         FUZZ_CHECK(count == (whole.isEmpty() ? 0 : 1));
-        FUZZ_CHECK(NthField(whole, separator, 1) == whole);
+        FUZZ_CHECK(fieldAt(whole, separator, 1) == whole);
         return;
     }
     QStringList fields;
     for (int index = 1; index <= count; ++index) {
-        fields.append(NthField(whole, separator, index));
+        fields.append(fieldAt(whole, separator, index));
         FUZZ_CHECK(!fields.last().contains(separator));
     }
     FUZZ_CHECK(fields.join(separator) == whole);
 }
 
-// Val reads back exactly what Str wrote, also behind leading blanks and ahead of the words of a
-// count label; and for any text, leading blanks and a trailing word change nothing.
+// The leading number reads back exactly what QString::number wrote, also behind leading blanks and
+// ahead of the words of a count label; and for any text, leading blanks and a trailing word change
+// nothing.
 void valReadsOnlyTheLead(int number, const QString& anyText) {
-    FUZZ_CHECK(truncateToInt(Val(Str(number))) == number);
-    FUZZ_CHECK(Val(" \t " + Str(number) + " images") == number);
-    const double value = Val(anyText);
-    FUZZ_CHECK(!std::isnan(value) && Val("  " + anyText) == value);
-    FUZZ_CHECK(Val(anyText + " images") == Val(anyText + " "));
+    FUZZ_CHECK(truncateToInt(leadingNumber(QString::number(number))) == number);
+    FUZZ_CHECK(leadingNumber(" \t " + QString::number(number) + " images") == number);
+    const double value = leadingNumber(anyText);
+    FUZZ_CHECK(!std::isnan(value) && leadingNumber("  " + anyText) == value);
+    FUZZ_CHECK(leadingNumber(anyText + " images") == leadingNumber(anyText + " "));
 }
 
 // Truncation goes toward zero, never moves a number by a whole unit or more inside the int
