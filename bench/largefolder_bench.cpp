@@ -90,7 +90,7 @@ double readHeaders(const QStringList& paths) {
 // One pass of every step on a fresh main window; milliseconds per step.
 QList<double> runSteps(const QString& folder, int count) {
     App::instance()->start();
-    MainWindow* window = App::instance()->windowMain();
+    MainWindow* window = App::instance()->mainWindow();
     auto* list = window->findChild<QWidget*>("imageList");
     ImageCatalogue& catalogue = App::instance()->gallery().images();
     QCoreApplication::processEvents();
@@ -143,7 +143,7 @@ QList<double> runSteps(const QString& folder, int count) {
 // A drop of `folder` on a fresh main window that reopens the page there; milliseconds.
 double reopenDrop(const QString& folder, int count) {
     App::instance()->start();
-    MainWindow* window = App::instance()->windowMain();
+    MainWindow* window = App::instance()->mainWindow();
     QCoreApplication::processEvents();
     TestEnvironment::dialogs().answers.enqueue(true);
     const double ms = milliseconds([&] {

@@ -33,7 +33,7 @@ struct Bench {
 
     explicit Bench(const QString& folder) {
         App::instance()->start();
-        window = App::instance()->windowMain();
+        window = App::instance()->mainWindow();
         canvas = window->imageCanvas();
         canvas->installEventFilter(&counter);
         App::instance()->gallery().addImagesOf(folder);

@@ -58,7 +58,7 @@ private slots:
             writeBytes(QDir(folder).filePath(written.last()), png);
         }
         App::instance()->start();
-        window = App::instance()->windowMain();
+        window = App::instance()->mainWindow();
         catalogue = &App::instance()->gallery().images();
     }
 

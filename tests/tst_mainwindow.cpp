@@ -143,7 +143,7 @@ private slots:
         menus.writePageItem->trigger();
         QCOMPARE(dialogs.beeps, 1);
         App::instance()->start();
-        window = App::instance()->windowMain();
+        window = App::instance()->mainWindow();
         catalogue = &gallery.images();
         // Every start begins from the same settings.
         const GallerySettings start = gallery.settings();
@@ -239,7 +239,7 @@ private slots:
         auto* button = control<QAbstractButton>("writePageButton");
         RecordingDesktop& desktop = TestEnvironment::desktop();
         button->click();
-        App::instance()->writePageFromMenu(0);
+        App::instance()->writePage();
         QCOMPARE(dialogs.beeps, 2);
         fill("a");
         catalogue->selectRow(-1);

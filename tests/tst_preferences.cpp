@@ -72,7 +72,7 @@ class PreferencesTest : public QObject {
 private slots:
     void initTestCase() {
         App::instance()->start();
-        QVERIFY(QTest::qWaitForWindowExposed(App::instance()->windowMain()));
+        QVERIFY(QTest::qWaitForWindowExposed(App::instance()->mainWindow()));
     }
     void cleanup() {
         if (existingInstance<PreferencesWindow>()) existingInstance<PreferencesWindow>()->close();
@@ -85,7 +85,7 @@ private slots:
         const QString before = settings();
         App::instance()->showPreferences();
         QCOMPARE(existingInstance<PreferencesWindow>()->parentWidget(),
-                 App::instance()->windowMain());
+                 App::instance()->mainWindow());
         for (const char* name :
              {"picturesButton", "jpegButton", "openAtStartCheckBox", "frameButton"})
             click(name);
@@ -116,7 +116,7 @@ private slots:
         click("frameColourButton");
 
         PaintCounter counter;
-        App::instance()->windowMain()->imageCanvas()->installEventFilter(&counter);
+        App::instance()->mainWindow()->imageCanvas()->installEventFilter(&counter);
         QTest::qWait(50);
         counter.paints = 0;
         click("okButton");

@@ -216,7 +216,7 @@ private slots:
     void followsTheMainWindowFromItsOpening() {
         App* app = App::instance();
         app->start();
-        MainWindow* main = app->windowMain();
+        MainWindow* main = app->mainWindow();
         QCoreApplication::processEvents();
         // The field's first text falls to the slider's single position; the placeholder shows.
         QCOMPARE(main->findChild<QLineEdit*>("previewSizeField")->text(), QString("360"));

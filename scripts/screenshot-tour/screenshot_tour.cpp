@@ -87,7 +87,7 @@ public:
 
     void run() {
         App::instance()->start();
-        main_ = App::instance()->windowMain();
+        main_ = App::instance()->mainWindow();
         if (!QTest::qWaitForWindowExposed(main_)) throw std::runtime_error("main window unseen");
         settle();
         grab("01-main-at-start");

@@ -52,29 +52,28 @@ App::App(int& argc, char** argv) : QApplication(argc, argv) {
 }
 
 App::~App() {
-    delete windowMain_;
+    delete mainWindow_;
 }
 
-MainWindow* App::windowMain() const {
-    return windowMain_;
+MainWindow* App::mainWindow() const {
+    return mainWindow_;
 }
 
 void App::connectMenuItems() {
-    connect(menuBar_->writePageItem, &QAction::triggered, this, [this] { writePageFromMenu(0); });
+    connect(menuBar_->writePageItem, &QAction::triggered, this, &App::writePage);
     connect(menuBar_->aboutItem, &QAction::triggered, this, &App::showAbout);
     connect(menuBar_->preferencesItem, &QAction::triggered, this, &App::showPreferences);
-    connect(menuBar_->restoreNamesItem, &QAction::triggered, this,
-            &App::restoreOriginalNamesFromMenu);
-    connect(menuBar_->openFolderItem, &QAction::triggered, this, &App::chooseFolderToOpen);
-    connect(menuBar_->quitItem, &QAction::triggered, this, [this] {
-        if (!closeIsRefused()) quit();
-    });
+    connect(menuBar_->restoreNamesItem, &QAction::triggered, &gallery_,
+            &Gallery::restoreOriginalNames);
+    connect(menuBar_->openFolderItem, &QAction::triggered, this, &App::openChosenFolder);
+    // Quitting asks nothing: nothing of a gallery is kept but its page.
+    connect(menuBar_->quitItem, &QAction::triggered, this, &QCoreApplication::quit);
 }
 
 void App::start() {
-    windowMain_ = new MainWindow(gallery_, preferences_, *menuBar_);
-    windowMain_->fillFromPreferences();
-    windowMain_->show();
+    mainWindow_ = new MainWindow(gallery_, preferences_, *menuBar_);
+    mainWindow_->fillFromPreferences();
+    mainWindow_->show();
 }
 
 void App::openFolder(const QString& path) {
@@ -88,7 +87,7 @@ void App::openFolder(const QString& path) {
     // since QDir would lose the bytes of a name that is not UTF-8.
     const QString folder = QDir::cleanPath(QDir::current().absoluteFilePath(path));
     QTimer::singleShot(0, this, [this, folder] {
-        if (windowMain_) gallery_.openFolder(folder);
+        if (mainWindow_) gallery_.openFolder(folder);
     });
 }
 
@@ -96,10 +95,6 @@ bool App::event(QEvent* event) {
     if (event->type() != QEvent::FileOpen) return QApplication::event(event);
     openFolder(static_cast<QFileOpenEvent*>(event)->file());
     return true;
-}
-
-bool App::closeIsRefused() {
-    return false;
 }
 
 void App::removeDesktopLeftover() {
@@ -112,26 +107,19 @@ void App::removeDesktopLeftover() {
     if (QFileInfo::exists(leftover)) QFile::remove(leftover);
 }
 
-bool App::writePageFromMenu(int) {
+void App::writePage() {
     // The shortcut can fire while the menu's enabling is stale: never write without rows.
-    if (!windowMain_ || gallery_.images().imageCount() == 0) {
+    if (!mainWindow_ || gallery_.images().imageCount() == 0) {
         platform::beep();
-        return true;
+        return;
     }
-    windowMain_->writePage();
-    return true;
+    mainWindow_->writePage();
 }
 
-bool App::restoreOriginalNamesFromMenu() {
-    gallery_.restoreOriginalNames();
-    return true;
-}
-
-bool App::chooseFolderToOpen() {
+void App::openChosenFolder() {
     // The chosen folder takes the road of a dropped one.
     const QString folder = platform::chooseFolder();
-    if (windowMain_ && !folder.isEmpty()) gallery_.openFolder(folder);
-    return true;
+    if (mainWindow_ && !folder.isEmpty()) gallery_.openFolder(folder);
 }
 
 bool App::notify(QObject* receiver, QEvent* event) {
@@ -154,7 +142,7 @@ void App::loadPreferences() {
         preferences_.imageFormat = QStringLiteral("PNG");
         preferences_.savePath = QStringLiteral("Desktop");
         preferences_.openAtStart = true;
-        sharedInstance<AboutWindow>()->showOver(windowMain());
+        sharedInstance<AboutWindow>()->showOver(mainWindow());
         return;
     }
     preferences_.lastSize = saved->lastSize;
@@ -162,19 +150,17 @@ void App::loadPreferences() {
     preferences_.imageFormat = saved->imageFormat;
     preferences_.savePath = saved->savePath;
     preferences_.openAtStart = saved->openPrefs == QStringLiteral("yes");
-    if (MainWindow* window = windowMain()) setControlAreaSize(window, saved->windowSize);
+    if (MainWindow* window = mainWindow()) setControlAreaSize(window, saved->windowSize);
 }
 
 void App::savePreferences() {
     writePreferenceFile(preferences_, {preferences_.mainWinWidth, preferences_.mainWinHeight});
 }
 
-bool App::showAbout() {
-    sharedInstance<AboutWindow>()->showOver(windowMain());
-    return true;
+void App::showAbout() {
+    sharedInstance<AboutWindow>()->showOver(mainWindow());
 }
 
-bool App::showPreferences() {
-    sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(windowMain());
-    return true;
+void App::showPreferences() {
+    sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(mainWindow());
 }

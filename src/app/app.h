@@ -26,14 +26,12 @@ public:
     // existing folder is refused with a word on standard error, and the list stays as it is.
     void openFolder(const QString& path);
 
-    // Start, menu and stop events.
-    bool closeIsRefused();
+    // What the menu items no window owns do, and the tidying at the end.
+    void writePage();
+    void showAbout();
+    void showPreferences();
+    void openChosenFolder();
     void removeDesktopLeftover();
-    bool writePageFromMenu(int index);
-    bool showAbout();
-    bool showPreferences();
-    bool restoreOriginalNamesFromMenu();
-    bool chooseFolderToOpen();
 
     void savePreferences();
     void loadPreferences();
@@ -44,7 +42,7 @@ public:
 
     MainMenuBar& menuBar() { return *menuBar_; }
     // The main window; nullptr before start() and after it closed.
-    MainWindow* windowMain() const;
+    MainWindow* mainWindow() const;
 
     // An exception that reaches the event loop is shown to the user, and the program goes on.
     bool notify(QObject* receiver, QEvent* event) override;
@@ -59,5 +57,5 @@ private:
     Gallery gallery_;
     Preferences preferences_;
     MainMenuBar* menuBar_ = nullptr;
-    QPointer<MainWindow> windowMain_;
+    QPointer<MainWindow> mainWindow_;
 };
