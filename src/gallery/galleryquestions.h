@@ -3,8 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-// What a gallery asks or tells its user while it works. The main window asks in dialogs; a run
-// without a window answers from its options.
+// What a gallery asks or tells its user while it works; the main window asks in dialogs.
 class GalleryQuestions {
 public:
     virtual ~GalleryQuestions() = default;

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// What the page writer reads from the main window's gallery settings.
+// The settings of a gallery's page, as the user fills them in.
 struct GallerySettings {
     QString folder;  // the images' folder, ending in "/"
     QString pageFileName;

@@ -7,7 +7,7 @@
 class Preferences;
 class QIODevice;
 
-// What the preference file holds: five settings of App and the size of the main window's
+// What the preference file holds: five preferences and the size of the main window's
 // control area.
 struct SavedPreferences {
     int lastSize = 0;
