@@ -47,9 +47,9 @@ QString shown() {
 QString settings() {
     const Preferences* a = &App::instance()->preferences();
     return QString("%1|%2|%3|%4|%5|%6|%7")
-        .arg(QString::number(a->lastSize), QString::number(a->imageQuality), a->imageFormat,
+        .arg(QString::number(a->previewSize), QString::number(a->imageQuality), a->imageFormat,
              a->savePath, a->openAtStart ? "yes" : "no", QString::number(a->frameWidth),
-             a->bordColor.name());
+             a->frameColour.name());
 }
 const QByteArray kWritten =
     "# Corvanes version\n4.0\n# Last resize dimension, image quality, image format, save path, "
@@ -170,8 +170,8 @@ private slots:
 
     void whatIsReadIsWrittenBackInTheSameLayout() {
         load(kWritten);
-        App::instance()->preferences().mainWinWidth = 1000;
-        App::instance()->preferences().mainWinHeight = 700;
+        App::instance()->preferences().windowWidth = 1000;
+        App::instance()->preferences().windowHeight = 700;
         QVERIFY(QFile::remove(preferenceFile()));
         App::instance()->savePreferences();
         QFile file(preferenceFile());

@@ -71,7 +71,7 @@ private slots:
         canvas->bind({wanted, byWidth, widthGuide, heightGuide, infoLabel},
                      App::instance()->preferences());
         slider->setRange(0, 20000);
-        App::instance()->preferences().bordColor = QColor(kFrame);
+        App::instance()->preferences().frameColour = QColor(kFrame);
         QVERIFY(quarters({1600, 1067}).save(photo));
     }
 
@@ -208,7 +208,7 @@ private slots:
             QFocusEvent lost(QEvent::FocusOut);
             if (!typed.endsWith('\r')) QCoreApplication::sendEvent(wanted, &lost);
             committed << wanted->text() + " " +
-                             QString::number(App::instance()->preferences().lastSize);
+                             QString::number(App::instance()->preferences().previewSize);
         }
         QCOMPARE(committed.join(", "), "1 1, 12.7 12, 1 1, 9999 9999, 1 1");
     }
@@ -220,8 +220,8 @@ private slots:
         QCoreApplication::processEvents();
         // The field's first text falls to the slider's single position; the placeholder shows.
         QCOMPARE(main->findChild<QLineEdit*>("previewSizeField")->text(), QString("360"));
-        QCOMPARE(app->preferences().lastSize, 360);
-        QCOMPARE(main->imageCanvas()->picture(), pictures::hubble());
+        QCOMPARE(app->preferences().previewSize, 360);
+        QCOMPARE(main->imageCanvas()->picture(), pictures::placeholder());
         QCOMPARE(main->imageCanvas()->geometry(), QRect(245, 74, 360, 240));
         // Icons are drawn for the screen's density, not scaled up from a smaller one.
         const auto* help = main->findChild<QToolButton*>("helpButton");

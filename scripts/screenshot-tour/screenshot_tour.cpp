@@ -158,7 +158,7 @@ private:
         // What the preferences' OK does with a frame chosen.
         Preferences& preferences = App::instance()->preferences();
         preferences.frameWidth = 8;
-        preferences.bordColor = QColor(0xFF, 0x8C, 0x00);
+        preferences.frameColour = QColor(0xFF, 0x8C, 0x00);
         emit preferences.previewFrameChanged();
         settle();
         grab("02-main-with-gallery");

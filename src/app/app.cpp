@@ -137,7 +137,7 @@ bool App::notify(QObject* receiver, QEvent* event) {
 void App::loadPreferences() {
     const std::optional<SavedPreferences> saved = readPreferenceFile();
     if (!saved) {
-        preferences_.lastSize = 720;
+        preferences_.previewSize = 720;
         preferences_.imageQuality = 80;
         preferences_.imageFormat = QStringLiteral("PNG");
         preferences_.savePath = QStringLiteral("Desktop");
@@ -145,7 +145,7 @@ void App::loadPreferences() {
         sharedInstance<AboutWindow>()->showOver(mainWindow());
         return;
     }
-    preferences_.lastSize = saved->lastSize;
+    preferences_.previewSize = saved->previewSize;
     preferences_.imageQuality = saved->imageQuality;
     preferences_.imageFormat = saved->imageFormat;
     preferences_.savePath = saved->savePath;
@@ -154,7 +154,7 @@ void App::loadPreferences() {
 }
 
 void App::savePreferences() {
-    writePreferenceFile(preferences_, {preferences_.mainWinWidth, preferences_.mainWinHeight});
+    writePreferenceFile(preferences_, {preferences_.windowWidth, preferences_.windowHeight});
 }
 
 void App::showAbout() {

@@ -170,7 +170,7 @@ void MainWindow::fillFromPreferences() {
     // The window takes any file and any folder; whether an item is a picture is settled only
     // when it is opened.
     setAcceptDrops(true);
-    ui_->previewSizeField->setText(QString::number(preferences_.lastSize));
+    ui_->previewSizeField->setText(QString::number(preferences_.previewSize));
     // The sheet does not hold up the rest of the opening.
     if (preferences_.openAtStart)
         sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(this);
@@ -362,12 +362,12 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 
 void MainWindow::rememberControlAreaSize() {
     // The size of the area below the menu bar, where the controls are.
-    preferences_.mainWinWidth = width();
-    preferences_.mainWinHeight = height() - ui_->centralwidget->y();
+    preferences_.windowWidth = width();
+    preferences_.windowHeight = height() - ui_->centralwidget->y();
 }
 
 void MainWindow::showStartTextWithoutImage() {
-    if (ui_->imageCanvas->picture() == pictures::hubble())
+    if (ui_->imageCanvas->picture() == pictures::placeholder())
         infotext::show(ui_->infoLabel, infotext::start());
 }
 

@@ -39,7 +39,7 @@ SavedPreferences readSavedPreferences(QIODevice& device) {
     SavedPreferences saved;
     for (int heading = 0; heading < 3; ++heading) nextLine(device);
     const QString settings = nextLine(device);
-    saved.lastSize = numberField(settings, 1);
+    saved.previewSize = numberField(settings, 1);
     saved.imageQuality = numberField(settings, 2);
     saved.imageFormat = textField(settings, 3);
     saved.savePath = textField(settings, 4);
@@ -69,7 +69,7 @@ void writePreferenceFile(const Preferences& preferences, QSize controlArea) {
         QStringLiteral("4.0"),
         QStringLiteral("# Last resize dimension, image quality, image format, save path, opend "
                        "prefs on startup"),
-        QStringList{QString::number(preferences.lastSize),
+        QStringList{QString::number(preferences.previewSize),
                     QString::number(preferences.imageQuality), preferences.imageFormat,
                     preferences.savePath,
                     preferences.openAtStart ? QStringLiteral("yes") : QStringLiteral("no")}

@@ -10,7 +10,7 @@ class QIODevice;
 // What the preference file holds: five preferences and the size of the main window's
 // control area.
 struct SavedPreferences {
-    int lastSize = 0;
+    int previewSize = 0;
     int imageQuality = 0;
     QString imageFormat;
     QString savePath;

@@ -14,13 +14,12 @@ public:
     QString imageFormat;
     int imageQuality = 0;
     QString savePath;
-    int lastSize = 0;
+    int previewSize = 0;
     bool openAtStart = false;  // the preferences window opens with the main window
     int frameWidth = 0;
-    QColor bordColor = QColor(255, 255, 255);
-    int brightness = 0;
-    int mainWinHeight = 0;
-    int mainWinWidth = 0;
+    QColor frameColour = QColor(255, 255, 255);
+    int windowHeight = 0;
+    int windowWidth = 0;
 
 signals:
     // The frame drawn around previews changed: they are to be drawn anew.

@@ -83,7 +83,7 @@ void PreferencesWindow::showPreferences() {
         if (kQualityOfRow[row] == preferences_.imageQuality) ui->qualityBox->setCurrentIndex(row);
     ui->openAtStartCheckBox->setChecked(preferences_.openAtStart);
     frameButtons[preferences_.frameWidth != 0 ? 1 : 0]->setChecked(true);
-    setFillColor(ui->frameSample, preferences_.bordColor);
+    setFillColor(ui->frameSample, preferences_.frameColour);
     setHeight(ui->frameSample, preferences_.frameWidth);
     ui->frameWidthSlider->setValue(preferences_.frameWidth);
 }
@@ -108,7 +108,7 @@ void PreferencesWindow::acceptChanges() {
     if (row >= 0 && row < kQualityRows) preferences_.imageQuality = kQualityOfRow[row];
     preferences_.openAtStart = ui->openAtStartCheckBox->isChecked();
     preferences_.frameWidth = frameButtons[0]->isChecked() ? 0 : ui->frameWidthSlider->value();
-    preferences_.bordColor = fillColor(ui->frameSample);
+    preferences_.frameColour = fillColor(ui->frameSample);
     emit preferences_.previewFrameChanged();
     close();
 }

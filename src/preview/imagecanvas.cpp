@@ -39,7 +39,7 @@ void ImageCanvas::layOut() {
     layoutPending_ = false;
     if (!controls_.previewSizeField) return;  // not bound to a window yet
 
-    picture_ = path_.isEmpty() ? pictures::hubble() : Picture::open(path_);
+    picture_ = path_.isEmpty() ? pictures::placeholder() : Picture::open(path_);
     PreviewGeometry geometry;
     QImage picture;
     QRectF at;
@@ -79,13 +79,13 @@ void ImageCanvas::layOut() {
 
     showGuideLine(geometry);
     resize(geometry.previewWidth, geometry.previewHeight);
-    const FramedPreview preview(picture_, geometry, preferences_->bordColor);
+    const FramedPreview preview(picture_, geometry, preferences_->frameColour);
     shown_ = Shown{preview, picture, at, ratio};
     framed_ = preview;
     update();
 
     infotext::show(controls_.info,
-                   picture_ == pictures::hubble() ? infotext::start() : infotext::ready());
+                   picture_ == pictures::placeholder() ? infotext::start() : infotext::ready());
 }
 
 QRect ImageCanvas::visibleArea(QSize size) const {
@@ -113,7 +113,7 @@ void ImageCanvas::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const qreal ratio = devicePixelRatioF();
     if (!shown_) {
-        if (const PicturePtr backdrop = pictures::hubble()) {
+        if (const PicturePtr backdrop = pictures::placeholder()) {
             const QSizeF size(backdrop->size());
             painter.drawImage(QRectF(QPointF(0, 0), size),
                               decoded_.at(*backdrop, (size * ratio).toSize()));

@@ -47,14 +47,14 @@ void SizeControls::followSizeField() {
 
 void SizeControls::commitOnLeaving() {
     applyClampRule();
-    preferences_.lastSize = fieldNumber();
+    preferences_.previewSize = fieldNumber();
     // Text changes have already asked the canvas for a new preview.
-    controls_.previewSizeSlider->setValue(preferences_.lastSize);
+    controls_.previewSizeSlider->setValue(preferences_.previewSize);
 }
 
 void SizeControls::followSlider() {
     controls_.previewSizeField->setText(QString::number(controls_.previewSizeSlider->value()));
-    preferences_.lastSize = controls_.previewSizeSlider->value();
+    preferences_.previewSize = controls_.previewSizeSlider->value();
 }
 
 void SizeControls::sizeByWidth() {

@@ -37,7 +37,7 @@ PicturePtr pebble512() {
 PicturePtr pebble128() {
     return named(QStringLiteral("pebble128"));
 }
-PicturePtr hubble() {
+PicturePtr placeholder() {
     return named(QStringLiteral("hubble"));
 }
 PicturePtr help() {

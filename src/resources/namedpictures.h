@@ -6,14 +6,15 @@
 #include "platform/picture.h"
 
 // The program's own pictures, each loaded from the resources on first use and kept, so that
-// every use gives the very same object (the preview tells "no image" by identity with hubble).
+// every use gives the very same object (the preview tells "no image" by identity with the
+// placeholder).
 namespace pictures {
 
 PicturePtr paypal();
 PicturePtr pebble730();
 PicturePtr pebble512();
 PicturePtr pebble128();
-PicturePtr hubble();
+PicturePtr placeholder();
 PicturePtr help();
 PicturePtr blue();
 

@@ -12,7 +12,7 @@ auto read(QByteArray bytes) {
     QBuffer file(&bytes);
     file.open(QIODevice::ReadOnly);
     const SavedPreferences p = readSavedPreferences(file);
-    return std::tuple(p.lastSize, p.imageQuality, p.imageFormat, p.savePath, p.openPrefs,
+    return std::tuple(p.previewSize, p.imageQuality, p.imageFormat, p.savePath, p.openPrefs,
                       p.windowSize);
 }
 
@@ -20,7 +20,7 @@ auto read(QByteArray bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto saved = read(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
-    const auto& [lastSize, quality, format, path, openPrefs, windowSize] = saved;
+    const auto& [previewSize, quality, format, path, openPrefs, windowSize] = saved;
 
     // A width or height of 0 would make the main window vanish; it is replaced when read.
     FUZZ_CHECK(windowSize.width() != 0 && windowSize.height() != 0);
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         "#",
         "4.0",
         "#",
-        QStringList{QString::number(lastSize), QString::number(quality), format, path, openPrefs}
+        QStringList{QString::number(previewSize), QString::number(quality), format, path, openPrefs}
             .join(u','),
         "#",
         QString::number(windowSize.width()) + u',' + QString::number(windowSize.height()),
