@@ -149,8 +149,8 @@ private slots:
         QTest::addColumn<QString>("settings");
         QTest::newRow("as written") << kWritten << "1024|50|JPEG|Pictures|no";
         QTest::newRow("CRLF, numbers out of range or words")
-            << QByteArray("#\r\n4.0\r\n#\r\n1e300,-1e300,PNG,Pictures,no\r\n#\r\n1100.9,x\r\n")
-            << "2147483647|-2147483648|PNG|Pictures|no";
+            << QByteArray("#\r\n4.0\r\n#\r\n1e300,-1e300,PNG,Pictures,yes\r\n#\r\n1100.9,x\r\n")
+            << "2147483647|-2147483648|PNG|Pictures|yes";
         const char bytes[] = "\xff\xfe\x00\n\x80\n\n7\xc3(,\x01,PNG\n\n\x00\x00,\xff";
         QTest::newRow("any bytes") << QByteArray(bytes, sizeof bytes - 1) << "7|0|PNG||no";
         QTest::newRow("empty") << QByteArray() << "0|0|||no";
