@@ -13,6 +13,8 @@ struct GallerySettings {
     QString titleColour;
     QString captionColour;
     bool fullWidth = true;
+    // A page that needs nothing from the internet, instead of the Bootstrap carousel.
+    bool selfContained = false;
 
     bool operator==(const GallerySettings&) const = default;
 };
