@@ -15,6 +15,7 @@
 #include <QJsonObject>
 
 #include "page/gallerywriter.h"
+#include "page/selfcontainedpage.h"
 #include "platform/nativename.h"
 
 // A plain field of the image's colour, made by its name's bytes: not every test name is UTF-8.
@@ -39,7 +40,14 @@ int main(int argc, char** argv) {
 
     QList<CatalogueRow> rows;
     for (const QJsonValue& image : gallery["images"].toArray()) {
-        rows.append({{}, image["file"].toString(), {}, {}, {}, {}, image["caption"].toString()});
+        const auto number = [&](const char* key) { return QString::number(image[key].toInt()); };
+        rows.append({{},
+                     image["file"].toString(),
+                     {},
+                     {},
+                     number("width"),
+                     number("height"),
+                     image["caption"].toString()});
         if (!writeImage(folder.filePath(rows.last().originalName), image))
             qFatal("cannot write the image %s", qPrintable(rows.last().originalName));
     }
@@ -52,6 +60,12 @@ int main(int argc, char** argv) {
     for (const QJsonValue& page : gallery["pages"].toArray()) {
         settings.galleryFileName = page["file"].toString();
         settings.fullPageWidth = page["fullWidth"].toBool();
+        if (page["selfContained"].toBool()) {
+            QFile file(galleryPagePath(settings));
+            if (!file.open(QIODevice::WriteOnly) || !writeSelfContainedPage(file, settings, rows))
+                qFatal("cannot write %s", qPrintable(file.fileName()));
+            continue;
+        }
         const PageWriteResult result =
             saveGalleryPage(settings, QString::number(rows.size()), rows);
         if (!result.ok)
