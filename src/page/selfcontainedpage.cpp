@@ -69,7 +69,9 @@ bool writeSelfContainedPage(QIODevice& device, const GallerySettings& settings,
         "<head>\n"
         "<meta charset='utf-8'>\n"
         "<meta name='viewport' content='width=device-width, initial-scale=1'>\n"
-        "<meta name='generator' content='Velmora'>\n");
+        "<meta name='generator' content='Velmora'>\n"
+        // No icon of its own, so that browsers do not ask the host for one.
+        "<link rel='icon' href='data:,'>\n");
     page += "<title>" + content(settings.galleryHTMLtitle) + "</title>\n";
     page += "<style>\n" + resourceText(QStringLiteral("page.css")) + "</style>\n";
     // Without a script only the first photo shows, and controls that could not work are left out.
