@@ -3,11 +3,15 @@
 #include <QColor>
 #include <QFile>
 #include <QIODevice>
+#include <QSize>
 #include <cmath>
+#include <optional>
 
 #include "catalogue/stripextension.h"
 #include "page/pagetext.h"
 
+// Resources of a static library are linked in only when something asks for them, outside any
+// namespace.
 static void loadSelfContainedResources() {
     Q_INIT_RESOURCE(selfcontained);
 }
@@ -33,15 +37,15 @@ QString attribute(const QString& text) {
     return pageText::escapedAttribute(oneLine(text));
 }
 
-// A size cell as a positive whole number, or empty.
-QString pixels(const QString& cell) {
-    bool ok = false;
-    const int value = cell.toInt(&ok);
-    return ok && value > 0 ? QString::number(value) : QString();
+// The image's size from its cells, when both hold a positive whole number.
+std::optional<QSize> pixelSize(const CatalogueRow& row) {
+    bool wide = false, high = false;
+    const QSize size(row.imageWidth.toInt(&wide), row.imageHeight.toInt(&high));
+    return wide && high && !size.isEmpty() ? std::optional(size) : std::nullopt;
 }
 
 // The band behind the captions: dark for light caption colours, light for dark ones, whichever
-// gives the caption more contrast (WCAG relative luminance, even at about 0.18).
+// gives the caption more contrast; by WCAG's relative luminance they give the same at about 0.18.
 QString captionBand(const QString& captionColor) {
     const QColor colour = QColor::fromString(captionColor);
     const auto linear = [](float c) {
@@ -58,10 +62,9 @@ QString captionBand(const QString& captionColor) {
 bool writeSelfContainedPage(QIODevice& device, const GallerySettings& settings,
                             const QList<CatalogueRow>& rows) {
     const QString total = QString::number(rows.size());
-    QString ratio = QStringLiteral("3/2");
-    if (!rows.isEmpty() && !pixels(rows[0].imageWidth).isEmpty() &&
-        !pixels(rows[0].imageHeight).isEmpty())
-        ratio = pixels(rows[0].imageWidth) + u'/' + pixels(rows[0].imageHeight);
+    // The stage takes the first photo's proportions, the one seen at the opening.
+    const std::optional<QSize> first = rows.isEmpty() ? std::nullopt : pixelSize(rows[0]);
+    const QSize ratio = first.value_or(QSize(3, 2));
 
     QString page = QStringLiteral(
         "<!doctype html>\n"
@@ -84,13 +87,14 @@ bool writeSelfContainedPage(QIODevice& device, const GallerySettings& settings,
     page += "<header>\n<h1>" + content(settings.galleryTitle) + "</h1>\n";
     page += "<p>" + content(settings.gallerySubTitle) + "</p>\n</header>\n<main>\n";
     page += "<section class='carousel' aria-roledescription='carousel' aria-label='Photos'>\n";
-    page += "<div class='stage' style='aspect-ratio:" + ratio + "'>\n";
+    page += QStringLiteral("<div class='stage' style='aspect-ratio:%1/%2'>\n")
+                .arg(ratio.width())
+                .arg(ratio.height());
     page += "<div class='slides' aria-live='off'>\n";
     for (qsizetype i = 0; i < rows.size(); ++i) {
         const CatalogueRow& row = rows[i];
-        const QString caption =
-            row.caption.trimmed().isEmpty() ? stripExtension(row.originalName) : row.caption;
-        const QString width = pixels(row.imageWidth), height = pixels(row.imageHeight);
+        const QString caption = row.caption.trimmed().isEmpty() ? QString() : row.caption;
+        const std::optional<QSize> size = pixelSize(row);
         // The first photo is asked for at once and first of all; the script asks for the others
         // as they come near.
         page += QStringLiteral(
@@ -98,13 +102,14 @@ bool writeSelfContainedPage(QIODevice& device, const GallerySettings& settings,
                     "aria-label='%2 of %3'><img %4='%5'%6 alt='%7'%8>")
                     .arg(i == 0 ? " on" : "", QString::number(i + 1), total,
                          i == 0 ? "src" : "data-src", pageText::addressOfFileName(row.originalName),
-                         width.isEmpty() || height.isEmpty()
-                             ? QString()
-                             : " width='" + width + "' height='" + height + "'",
-                         attribute(caption), i == 0 ? " fetchpriority='high'" : "");
+                         size ? QStringLiteral(" width='%1' height='%2'")
+                                    .arg(size->width())
+                                    .arg(size->height())
+                              : QString(),
+                         attribute(caption.isEmpty() ? stripExtension(row.originalName) : caption),
+                         i == 0 ? " fetchpriority='high'" : "");
         // The caption is read out as the photo's alternative text already.
-        page +=
-            "<figcaption aria-hidden='true'>" + content(row.caption) + "</figcaption></figure>\n";
+        page += "<figcaption aria-hidden='true'>" + content(caption) + "</figcaption></figure>\n";
     }
     page +=
         "</div>\n"
