@@ -72,6 +72,31 @@ private slots:
             QVERIFY(!readGalleryPage(other));
     }
 
+    void theSelfContainedPageReadsBack() {
+        GalleryPage gallery{{{},
+                             {},
+                             "Tom & <Jerry>",
+                             "It's \"ours\"",
+                             "a; b",
+                             "black",
+                             "Light Gray",
+                             "yellow",
+                             false,
+                             true},
+                            {{"b 1.jpg", "<b>bold</b> & 'quoted' --captions:x"},
+                             {"é #%?.png", ""},
+                             {"&amp;.webp", "Ünï ☃"}}};
+        const QByteArray page = pageBytes(gallery);
+        QCOMPARE(readGalleryPage(page), gallery);
+        gallery.settings.fullWidth = true;
+        QCOMPARE(readGalleryPage(pageBytes(gallery)), gallery);
+        // Cut short, or its opening or a slide's caption changed, it is no page of ours.
+        for (const QByteArray& other :
+             {page.first(page.size() - 20), QByteArray(page).replace("data-velmora", "data-x"),
+              QByteArray(page).replace("<figcaption aria-hidden='true'>Ünï", "<p>Ünï")})
+            QVERIFY(!readGalleryPage(other));
+    }
+
     void onlyThePageIsWrittenAndOnlyInItsFolder_data() {
         QTest::addColumn<QString>("situation");  // what is there before the save
         QTest::addColumn<QString>("pageName");
@@ -80,6 +105,9 @@ private slots:
         const QString ours = "our page", page = "index.html", plain = "must be a plain file name";
         QTest::newRow("new page") << "nothing" << page << 0 << "";
         QTest::newRow("our earlier page") << ours << page << 0 << "";
+        QTest::newRow("our earlier self-contained page")
+            << "our self-contained page" << page << 0 << "";
+        QTest::newRow("self-contained page, new") << "nothing, self-contained" << page << 0 << "";
         QTest::newRow("hand-made page, No") << "hand-made page" << page << kNo << "";
         QTest::newRow("hand-made page, Yes") << "hand-made page" << page << kYes << "";
         QTest::newRow("link swapped in while asked")
@@ -114,8 +142,10 @@ private slots:
         writeFile(root.filePath("outside.html"), handMade);
         GalleryPage gallery{{folder + "/", "index.html", {}, "Earlier", {}, {}, {}, {}},
                             {{"a.png", ""}}};
+        gallery.settings.selfContained = situation == "our self-contained page";
         writeFile(page, pageBytes(gallery));
         GallerySettings& settings = gallery.settings;
+        settings.selfContained = situation.endsWith("self-contained");
         settings.title = "Now";
         settings.pageFileName = pageName;
 
@@ -128,7 +158,7 @@ private slots:
             linkOut();
         } else if (situation == "our page, then a link") {
             makeFile = [&] { return linkOut(), std::make_unique<QFile>(); };
-        } else if (situation == "nothing") {
+        } else if (situation.startsWith("nothing")) {
             QVERIFY(QFile::remove(page));
         } else if (situation.startsWith("hand-made page") || situation == "text") {
             writeFile(page, situation == "text" ? "Film, batteries.\n" : handMade);

@@ -431,6 +431,7 @@ private slots:
         // The caption colour is none of the popups'; the page holds no folder or file name.
         GalleryPage page{
             {later + "/", "trip.html", "Tom & Jerry's", "<b>", "x", "Navy", "Gold", "#f00"}, {}};
+        page.settings.selfContained = true;
         for (int i = 1; i <= 12; ++i) page.slides.append({QString("gone %1.jpg").arg(i), "old"});
         page.slides.insert(3, {"b.png", ""});
         page.slides.insert(3, {"c.jpg", "Cliffs"});
@@ -455,6 +456,9 @@ private slots:
         hand("drop", "Trip");  // answered No
         control("imageList")->setFocus();
         QStringList visited;
+        QVERIFY(tabTo("selfContainedCheckBox", visited));
+        const bool selfContained = !gallery.settings().selfContained;  // Space turns it over
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
         QVERIFY(tabTo("captionField", visited));
         QTest::keyClicks(QApplication::focusWidget(), "First");
         QVERIFY(tabTo("imageList", visited));
@@ -466,13 +470,15 @@ private slots:
         QCOMPARE(visited.join(' '),
                  "imageList clearListButton removeImagesButton pageFileNameField headTitleField "
                  "titleField "
-                 "subtitleField fullWidthCheckBox backgroundColourBox titleColourBox "
+                 "subtitleField fullWidthCheckBox selfContainedCheckBox backgroundColourBox "
+                 "titleColourBox "
                  "captionColourBox captionField "
                  "writePageButton helpButton folderField");
         const auto page = readGalleryPageFile(trip + "/index.html");
         QVERIFY(page);
         QCOMPARE(page->page.slides.first(2),
                  QList<PageSlide>({{"a.png", "First"}, {"b.png", "Second"}}));
+        QCOMPARE(page->page.settings.selfContained, selfContained);
     }
     // Last: closing is never refused. It takes the program's own leftover off the Desktop, never a
     // picture of the user's, and nothing from a home folder that stands in for the Desktop (as

@@ -77,6 +77,7 @@ void Gallery::reopen(const GalleryPageFile& found) {
     settings_.titleColour = listedColour(page.titleColour, settings_.titleColour);
     settings_.captionColour = listedColour(page.captionColour, settings_.captionColour);
     settings_.fullWidth = page.fullWidth;
+    settings_.selfContained = page.selfContained;
     emit settingsChanged();
     images_.selectRow(0);
     if (!missing.isEmpty() && questions_) questions_->imagesMissing(missing);

@@ -133,7 +133,8 @@ void MainWindow::connectSettingFields() {
         connect(field, &QLineEdit::textChanged, this, &MainWindow::storeSettings);
     for (QComboBox* popup : {ui_->backgroundColourBox, ui_->titleColourBox, ui_->captionColourBox})
         connect(popup, &QComboBox::currentTextChanged, this, &MainWindow::storeSettings);
-    connect(ui_->fullWidthCheckBox, &QCheckBox::toggled, this, &MainWindow::storeSettings);
+    for (QCheckBox* box : {ui_->fullWidthCheckBox, ui_->selfContainedCheckBox})
+        connect(box, &QCheckBox::toggled, this, &MainWindow::storeSettings);
     storeSettings();
 }
 
@@ -149,6 +150,7 @@ void MainWindow::storeSettings() {
     settings.titleColour = ui_->titleColourBox->currentText();
     settings.captionColour = ui_->captionColourBox->currentText();
     settings.fullWidth = ui_->fullWidthCheckBox->isChecked();
+    settings.selfContained = ui_->selfContainedCheckBox->isChecked();
     gallery_.setSettings(settings);
 }
 
@@ -164,6 +166,7 @@ void MainWindow::showSettings() {
     ui_->titleColourBox->setCurrentText(settings.titleColour);
     ui_->captionColourBox->setCurrentText(settings.captionColour);
     ui_->fullWidthCheckBox->setChecked(settings.fullWidth);
+    ui_->selfContainedCheckBox->setChecked(settings.selfContained);
 }
 
 void MainWindow::fillFromPreferences() {

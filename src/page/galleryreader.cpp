@@ -7,6 +7,8 @@
 
 #include "page/pagelayout.h"
 #include "page/pagetext.h"
+#include "page/selfcontainedpage.h"
+#include "page/selfcontainedreader.h"
 
 namespace {
 
@@ -46,6 +48,8 @@ enum class Stage { Title, Body, Heading, SubHeading, Carousel, Slides, Controls,
 
 std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
     const QString text = QString::fromUtf8(bytes);
+    if (text.startsWith(QLatin1String(kSelfContainedPageOpening)))
+        return readSelfContainedPage(text);
     const QStringView carouselLine = pageLayout::carouselOpening().first();
     const QStringView controlsLine = QStringView(pageLayout::carouselControls().first()).trimmed();
 

@@ -24,8 +24,9 @@ struct GalleryPage {
     bool operator==(const GalleryPage&) const = default;
 };
 
-// Reads back a page that writeGalleryPage wrote, with the names and texts decoded again.
-// Anything else, another program's page or a page edited beyond recognition, gives nothing.
+// Reads back a page that writeGalleryPage or writeSelfContainedPage wrote, with the names and texts
+// decoded again. Anything else, another program's page or a page edited beyond recognition, gives
+// nothing.
 std::optional<GalleryPage> readGalleryPage(const QByteArray& page);
 
 // A gallery page found on disk, with its path.

@@ -8,6 +8,7 @@
 #include "page/pagelayout.h"
 #include "page/pagetarget.h"
 #include "page/pagetext.h"
+#include "page/selfcontainedpage.h"
 #include "platform/replacefile.h"
 #include "platform/text.h"
 
@@ -137,6 +138,17 @@ QString whyNotWritten(const GallerySettings& settings, const ReplaceOutcome& out
 
 }  // namespace
 
+QByteArray galleryPage(const GallerySettings& settings, const QString& countText,
+                       const QList<CatalogueRow>& rows) {
+    QBuffer page;
+    page.open(QIODevice::WriteOnly);
+    if (settings.selfContained)
+        writeSelfContainedPage(page, settings, rows);
+    else
+        writeGalleryPage(page, settings, countText, rows);
+    return page.data();
+}
+
 PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& countText,
                                 const QList<CatalogueRow>& rows, const FileFactory& makeFile,
                                 const ReplaceQuestion& mayReplace) {
@@ -153,11 +165,9 @@ PageWriteResult saveGalleryPage(const GallerySettings& settings, const QString& 
         return result;
     }
 
-    QBuffer page;
-    page.open(QIODevice::WriteOnly);
-    writeGalleryPage(page, settings, countText, rows);
-    const ReplaceOutcome outcome = replaceFile(result.path, page.data(), makeFile);
+    const QByteArray page = galleryPage(settings, countText, rows);
+    const ReplaceOutcome outcome = replaceFile(result.path, page, makeFile);
     result.ok = outcome.ok;
-    if (!outcome.ok) result.error = whyNotWritten(settings, outcome, page.data().size());
+    if (!outcome.ok) result.error = whyNotWritten(settings, outcome, page.size());
     return result;
 }

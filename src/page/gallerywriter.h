@@ -17,6 +17,10 @@ class QIODevice;
 bool writeGalleryPage(QIODevice& device, const GallerySettings& settings, const QString& countText,
                       const QList<CatalogueRow>& rows);
 
+// The page of the kind the settings choose, the self-contained page or the carousel, as bytes.
+QByteArray galleryPage(const GallerySettings& settings, const QString& countText,
+                       const QList<CatalogueRow>& rows);
+
 // The page's file: the gallery folder followed at once by the file name.
 QString galleryPagePath(const GallerySettings& settings);
 

@@ -8,6 +8,7 @@
 
 #include "page/gallerywriter.h"
 #include "page/pagelayout.h"
+#include "page/selfcontainedpage.h"
 #include "platform/nativename.h"
 #include "platform/picture.h"
 
@@ -30,9 +31,11 @@ bool isListed(const struct stat& target, const QList<CatalogueRow>& rows) {
     return false;
 }
 
-// Whether the file holds the opening line of Velmora's carousel, wherever it stands: the titles
-// before it may be of any length.
-bool holdsOurCarousel(QFile& file) {
+// Whether the file is one of Velmora's pages: a self-contained page by its opening, the carousel by
+// its opening line wherever it stands, as the titles before it may be of any length.
+bool holdsOurPage(QFile& file) {
+    const QByteArray opening(kSelfContainedPageOpening);
+    if (file.peek(opening.size()) == opening) return true;
     const QByteArray mark = pageLayout::carouselOpening().first().toUtf8();
     constexpr qint64 kChunk = 1 << 16;
     QByteArray window;
@@ -89,5 +92,5 @@ PageTarget examinePageTarget(const GallerySettings& settings, const QList<Catalo
     if (!QMimeDatabase().mimeTypeForData(&file).inherits(QStringLiteral("text/html")))
         return refused(refusal(name, notAPage, onlyPages));
     file.seek(0);
-    return {holdsOurCarousel(file) ? PageTarget::Kind::OwnPage : PageTarget::Kind::OtherPage, {}};
+    return {holdsOurPage(file) ? PageTarget::Kind::OwnPage : PageTarget::Kind::OtherPage, {}};
 }

@@ -63,6 +63,12 @@ QString escaped(const QString& text) {
     return out;
 }
 
+QString escapedAttribute(const QString& text) {
+    return escaped(text)
+        .replace(u'\'', QLatin1String("&#39;"))
+        .replace(u'"', QLatin1String("&quot;"));
+}
+
 QString unescaped(QStringView html) {
     const QChar* const text = html.data();
     const qsizetype size = html.size();

@@ -9,6 +9,8 @@ namespace pageText {
 // A text for the page's content: `&`, `<` and `>` become character references, so that the page
 // shows what was typed and nothing typed can change the page's structure.
 QString escaped(const QString& text);
+// The same for a quoted attribute's value: both quotes become character references as well.
+QString escapedAttribute(const QString& text);
 // The text a browser shows for page content: character references (named ones for the characters
 // above and quotes, decimal and hexadecimal ones) become their characters again.
 QString unescaped(QStringView html);

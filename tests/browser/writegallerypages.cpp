@@ -39,7 +39,14 @@ int main(int argc, char** argv) {
 
     QList<CatalogueRow> rows;
     for (const QJsonValue& image : gallery["images"].toArray()) {
-        rows.append({{}, image["file"].toString(), {}, {}, {}, {}, image["caption"].toString()});
+        const auto number = [&](const char* key) { return QString::number(image[key].toInt()); };
+        rows.append({{},
+                     image["file"].toString(),
+                     {},
+                     {},
+                     number("width"),
+                     number("height"),
+                     image["caption"].toString()});
         if (!writeImage(folder.filePath(rows.last().originalName), image))
             qFatal("cannot write the image %s", qPrintable(rows.last().originalName));
     }
@@ -52,6 +59,7 @@ int main(int argc, char** argv) {
     for (const QJsonValue& page : gallery["pages"].toArray()) {
         settings.pageFileName = page["file"].toString();
         settings.fullWidth = page["fullWidth"].toBool();
+        settings.selfContained = page["selfContained"].toBool();
         const PageWriteResult result =
             saveGalleryPage(settings, QString::number(rows.size()), rows);
         if (!result.ok)

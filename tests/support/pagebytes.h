@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QBuffer>
-
 #include "page/galleryreader.h"
 #include "page/gallerywriter.h"
 
@@ -15,8 +13,5 @@ inline QList<CatalogueRow> rowsOf(const GalleryPage& page) {
 
 // The page written for a gallery's settings and slides.
 inline QByteArray pageBytes(const GalleryPage& page) {
-    QBuffer written;
-    written.open(QIODevice::WriteOnly);
-    writeGalleryPage(written, page.settings, QString::number(page.slides.size()), rowsOf(page));
-    return written.data();
+    return galleryPage(page.settings, QString::number(page.slides.size()), rowsOf(page));
 }
