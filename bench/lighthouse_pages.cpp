@@ -3,10 +3,8 @@
 // page's size with and without its captions. Checks nothing.
 //
 //   lighthouse_pages FOLDER
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QRadialGradient>
@@ -14,7 +12,6 @@
 #include <cstdio>
 
 #include "page/gallerywriter.h"
-#include "page/selfcontainedpage.h"
 
 namespace {
 
@@ -76,13 +73,6 @@ QString caption(int index) {
     return moments[index % moments.size()] + " " + places[index % places.size()];
 }
 
-qint64 pageSize(const GallerySettings& settings, const QList<CatalogueRow>& rows) {
-    QBuffer page;
-    page.open(QIODevice::WriteOnly);
-    writeSelfContainedPage(page, settings, rows);
-    return page.size();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -110,13 +100,14 @@ int main(int argc, char** argv) {
                              false};
     if (!saveGalleryPage(settings, QString::number(rows.size()), rows).ok)
         qFatal("cannot write the gallery page");
-    QFile page(folder.filePath("self-contained.html"));
-    if (!page.open(QIODevice::WriteOnly) || !writeSelfContainedPage(page, settings, rows))
-        qFatal("cannot write the self-contained page");
+    settings.pageFileName = "self-contained.html";
+    settings.selfContained = true;
+    const QString count = QString::number(rows.size());
+    if (!saveGalleryPage(settings, count, rows).ok) qFatal("cannot write the self-contained page");
     QList<CatalogueRow> uncaptioned = rows;
     for (CatalogueRow& row : uncaptioned) row.caption.clear();
     std::printf("self-contained page: %lld bytes, %lld without captions\n",
-                static_cast<long long>(page.size()),
-                static_cast<long long>(pageSize(settings, uncaptioned)));
+                static_cast<long long>(galleryPage(settings, count, rows).size()),
+                static_cast<long long>(galleryPage(settings, count, uncaptioned).size()));
     return 0;
 }
