@@ -20,15 +20,6 @@ const QStringList& pageFileNames() {
     return patterns;
 }
 
-// A title or caption for a one-line field. A line break that a character reference brings in
-// (a page edited by hand) becomes a blank: written again as it is, it would split the line.
-QString fieldText(QStringView html) {
-    QString text = pageText::unescaped(html);
-    for (QChar& c : text)
-        if (c == u'\n' || c == u'\r') c = u' ';
-    return text;
-}
-
 struct ColouredText {
     QString colour;
     QString text;
@@ -38,7 +29,7 @@ struct ColouredText {
 std::optional<ColouredText> colouredText(QStringView line, const pageLayout::ColouredLine& layout) {
     const std::optional<pageLayout::ColouredLine::Fields> fields = layout.fieldsOf(line);
     if (!fields) return std::nullopt;
-    return ColouredText{fields->colour.toString(), fieldText(fields->text)};
+    return ColouredText{fields->colour.toString(), pageText::unescapedLine(fields->text)};
 }
 
 // The writer's lines in the order they come, each found by its fixed parts.
@@ -63,7 +54,7 @@ std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
         switch (stage) {
             case Stage::Title:
                 if (const auto title = pageLayout::kTitle.fieldOf(line)) {
-                    settings.headTitle = fieldText(*title);
+                    settings.headTitle = pageText::unescapedLine(*title);
                     stage = Stage::Body;
                 }
                 break;

@@ -96,6 +96,13 @@ QString unescaped(QStringView html) {
     return out;
 }
 
+QString unescapedLine(QStringView html) {
+    QString text = unescaped(html);
+    for (QChar& c : text)
+        if (c == u'\n' || c == u'\r') c = u' ';
+    return text;
+}
+
 QString addressOfFileName(const QString& name) {
     QString out;
     out.reserve(name.size());

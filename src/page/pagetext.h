@@ -14,6 +14,10 @@ QString escapedAttribute(const QString& text);
 // The text a browser shows for page content: character references (named ones for the characters
 // above and quotes, decimal and hexadecimal ones) become their characters again.
 QString unescaped(QStringView html);
+// A title or caption read back for a one-line field: unescaped, and a line break that a character
+// reference brings in (a page edited by hand) becomes a blank, as written again it would split
+// the line.
+QString unescapedLine(QStringView html);
 
 // A file name as a relative address: every character a browser would not read back as the same
 // name is percent-encoded as UTF-8, and a byte the name keeps because it is not UTF-8 (see

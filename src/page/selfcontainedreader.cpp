@@ -6,14 +6,6 @@
 
 namespace {
 
-// A title or caption for a one-line field, as the window holds it.
-QString fieldText(QStringView html) {
-    QString text = pageText::unescaped(html);
-    for (QChar& c : text)
-        if (c == u'\n' || c == u'\r') c = u' ';
-    return text;
-}
-
 QRegularExpression wholeLine(const char* pattern) {
     return QRegularExpression(u'^' + QString::fromLatin1(pattern) + u'$');
 }
@@ -45,23 +37,23 @@ std::optional<GalleryPage> readSelfContainedPage(QStringView page) {
             if (!match.hasMatch()) continue;
             const QRegularExpression& found = *settingLines[settingsRead++];
             if (&found == &title) {
-                settings.headTitle = fieldText(match.capturedView(1));
+                settings.headTitle = pageText::unescapedLine(match.capturedView(1));
             } else if (&found == &body) {
                 settings.fullWidth = match.capturedView(1) == u"full";
-                settings.backgroundColour = fieldText(match.capturedView(2));
-                settings.titleColour = fieldText(match.capturedView(3));
-                settings.captionColour = fieldText(match.capturedView(4));
+                settings.backgroundColour = pageText::unescapedLine(match.capturedView(2));
+                settings.titleColour = pageText::unescapedLine(match.capturedView(3));
+                settings.captionColour = pageText::unescapedLine(match.capturedView(4));
             } else if (&found == &heading) {
-                settings.title = fieldText(match.capturedView(1));
+                settings.title = pageText::unescapedLine(match.capturedView(1));
             } else {
-                settings.subtitle = fieldText(match.capturedView(1));
+                settings.subtitle = pageText::unescapedLine(match.capturedView(1));
             }
         } else if (line.startsWith(u"<figure")) {
             // A slide that lost its image or caption would drop a photo from the gallery.
             const QRegularExpressionMatch match = slide.match(line);
             if (!match.hasMatch()) return std::nullopt;
-            read.slides.append(
-                {pageText::fileNameOfAddress(match.captured(1)), fieldText(match.capturedView(2))});
+            read.slides.append({pageText::fileNameOfAddress(match.captured(1)),
+                                pageText::unescapedLine(match.capturedView(2))});
         } else if (line == u"</html>") {
             return read;
         }
