@@ -60,7 +60,7 @@ class PreviewTest : public QObject {
         (size.startsWith('w') ? byWidth : byHeight)->setChecked(true);
         wanted->setText(size.mid(1));
         canvas->showImage(file);
-        QCoreApplication::processEvents();
+        QTRY_VERIFY_WITH_TIMEOUT(!canvas->decoding(), 60000);
     }
     QString path(const char* name) const { return dir.filePath(name); }
 
@@ -217,7 +217,7 @@ private slots:
         App* app = App::instance();
         app->start();
         MainWindow* main = app->mainWindow();
-        QCoreApplication::processEvents();
+        QTRY_VERIFY(!main->imageCanvas()->decoding());
         // The field's first text falls to the slider's single position; the placeholder shows.
         QCOMPARE(main->findChild<QLineEdit*>("previewSizeField")->text(), QString("360"));
         QCOMPARE(app->preferences().previewSize, 360);
@@ -229,7 +229,7 @@ private slots:
 
         // The height button repaints at once.
         main->findChild<QRadioButton*>("byHeightButton")->click();
-        QCoreApplication::processEvents();
+        QTRY_VERIFY(!main->imageCanvas()->decoding());
         QCOMPARE(main->imageCanvas()->size(), QSize(540, 360));
     }
 };
