@@ -1,6 +1,10 @@
 #include "preview/previewdecoder.h"
 
-PreviewDecoder::PreviewDecoder() = default;
+PreviewDecoder::PreviewDecoder() {
+    // The selection's decode and one read ahead at a time: reading ahead never takes every core
+    // from the window and the other programs.
+    pool_.setMaxThreadCount(2);
+}
 
 PreviewDecoder::~PreviewDecoder() {
     {
