@@ -91,21 +91,17 @@ void ImageCanvas::settle(const Plan& plan, const QImage& pixels) {
             infotext::show(controls_.info, infotext::tooLarge(plan.picture->size()));
         picture_ = nullptr;
         shown_.reset();  // the backdrop shows at the canvas's last size
-        update();
-        readAhead();
-        return;
+    } else {
+        picture_ = plan.picture;
+        showGuideLine(plan.geometry);
+        resize(plan.geometry.previewWidth, plan.geometry.previewHeight);
+        const FramedPreview preview(picture_, plan.geometry, preferences_->frameColour);
+        shown_ = Shown{preview, pixels, plan.at, plan.ratio};
+        framed_ = preview;
+        infotext::show(controls_.info,
+                       picture_ == pictures::placeholder() ? infotext::start() : infotext::ready());
     }
-
-    picture_ = plan.picture;
-    showGuideLine(plan.geometry);
-    resize(plan.geometry.previewWidth, plan.geometry.previewHeight);
-    const FramedPreview preview(picture_, plan.geometry, preferences_->frameColour);
-    shown_ = Shown{preview, pixels, plan.at, plan.ratio};
-    framed_ = preview;
     update();
-
-    infotext::show(controls_.info,
-                   picture_ == pictures::placeholder() ? infotext::start() : infotext::ready());
     readAhead();
 }
 
@@ -126,8 +122,7 @@ void ImageCanvas::readAhead() {
         const PicturePtr picture = Picture::open(path);
         if (!picture) continue;
         const DecodedPreviews::Key key = plan(picture).key;
-        if (!decoded_.has(key) && decoded_.roomBesideNewest(key) &&
-            !picture->tooLargeToDecode(key.size))
+        if (!decoded_.has(key) && decoded_.roomBesideNewest(key))
             requests.append({picture, key, true});
     }
     decoder_.decode(std::move(requests));
