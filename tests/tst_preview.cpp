@@ -200,8 +200,8 @@ private slots:
 
     // Selections one after another, the neighbours to read ahead after a colon, each taking its
     // layout step (and with a plus, until its decode has begun); at a dot every decode ends and the
-    // count starts. The last selection shows, and
-    // the decodes after the dot are at most as many as given.
+    // count starts. The last selection shows, and the decodes after the dot are at most as many as
+    // given.
     void showsTheLastSelectionAndReadsAhead_data() {
         QTest::addColumn<QString>("size");
         QTest::addColumn<QStringList>("steps");

@@ -41,7 +41,8 @@ void PreviewDecoder::work() {
         done_.append({std::move(request), std::move(image)});
         if (!deliveryPosted_) {
             deliveryPosted_ = true;
-            // Posted under the lock, so that the event's own memory changes threads in its order.
+            // Posted under the lock, so that the event's memory, too, passes between the threads
+            // in an order that ThreadSanitizer sees.
             QMetaObject::invokeMethod(this, &PreviewDecoder::deliver, Qt::QueuedConnection);
         }
     }
