@@ -1,9 +1,10 @@
-// Times the preview: selecting an image until its canvas has painted, for a camera-sized and a
+// Times the preview: selecting an image until its canvas has painted it, for a camera-sized and a
 // screen-sized JPEG, against djpeg decoding the large file at the same scale in the same run, and
 // a repaint of an unchanged selection. Then the same camera JPEG on a screen of two device pixels
-// a point, upright and with EXIF orientation 6, and pictures of 100 megapixels in formats that
-// cannot decode at a smaller scale, each in a process of its own so that its peak memory shows.
-// Prints figures; checks nothing.
+// a point, upright and with EXIF orientation 6; arrowing down through a folder of camera JPEGs at
+// a steady pace, the time from each key to its preview and the longest the window's event loop
+// stood still; and pictures of 100 megapixels in formats that cannot decode at a smaller scale,
+// each in a process of its own so that its peak memory shows. Prints figures; checks nothing.
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -11,7 +12,10 @@
 #include <QPainter>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTableView>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
 #include <algorithm>
 #include <cstdio>
 
@@ -25,42 +29,87 @@ namespace {
 
 constexpr int kRuns = 9;
 
+// The canvas's paints of a preview that is there, not still being decoded.
+struct ShownPaints : QObject {
+    const ImageCanvas* canvas = nullptr;
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        paints += event->type() == QEvent::Paint && !canvas->previewPending();
+        return false;
+    }
+};
+
+// The longest time the event loop went without turning, seen by a timer that asks every
+// millisecond.
+struct StallProbe {
+    QTimer timer;
+    QElapsedTimer clock;
+    double longest = 0;
+    StallProbe() {
+        timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&timer, &QTimer::timeout, &timer, [this] {
+            longest = std::max(longest, clock.nsecsElapsed() / 1e6);
+            clock.restart();
+        });
+        restart();
+        timer.start(1);
+    }
+    void restart() {
+        longest = 0;
+        clock.start();
+    }
+};
+
+void runEvents() {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 // The main window with a folder of pictures dropped on it.
 struct Bench {
     MainWindow* window = nullptr;
     ImageCanvas* canvas = nullptr;
-    PaintCounter counter;
+    ShownPaints shown;
 
     explicit Bench(const QString& folder) {
         App::instance()->start();
         window = App::instance()->mainWindow();
         canvas = window->imageCanvas();
-        canvas->installEventFilter(&counter);
+        shown.canvas = canvas;
+        canvas->installEventFilter(&shown);
         App::instance()->gallery().addImagesOf(folder);
         settle();
     }
 
-    // Runs events until the canvas has painted again; the paint itself runs inside.
+    // Runs events until the canvas has painted its preview again; the paint itself runs inside.
     void settle() {
-        const int before = counter.paints;
-        while (counter.paints == before) QCoreApplication::processEvents();
+        const int before = shown.paints;
+        while (shown.paints == before) runEvents();
+    }
+    // Runs events until nothing is decoded any more, the neighbours read ahead included.
+    void idle() {
+        while (canvas->decoding()) runEvents();
     }
 
-    // Selecting the row of `file` in the list, until its paint has run; milliseconds.
+    // Selecting the row of `file` in the list, from a window with nothing to do until its
+    // preview has painted; milliseconds. What it reads ahead is done when this returns.
     double select(const QString& file) {
         ImageCatalogue& rows = App::instance()->gallery().images();
         int row = 0;
         while (rows.cell(row, CatalogueRow::FileName) != QFileInfo(file).fileName()) ++row;
+        idle();
         QElapsedTimer clock;
         clock.start();
         rows.selectRow(row);
         settle();
-        return clock.nsecsElapsed() / 1e6;
+        const double time = clock.nsecsElapsed() / 1e6;
+        idle();
+        return time;
     }
 
     // Repaints asked for with nothing changed: the median in milliseconds, and the decodes.
     void reportRepaints(const char* what) {
         QList<double> times;
+        idle();
         const int decodes = Picture::decodeCount();
         for (int i = 0; i < kRuns; ++i) {
             QElapsedTimer clock;
@@ -74,14 +123,24 @@ struct Bench {
     }
 };
 
-// Copies, so that every timed selection meets a file it has not decoded before.
-QStringList writeCopies(const QDir& dir, const QString& name, const QByteArray& bytes) {
+// `count` copies in a row of the list.
+QStringList writeCopies(const QDir& dir, const QString& name, const QByteArray& bytes, int count) {
     QStringList files;
-    for (int i = 0; i < kRuns; ++i) {
-        files << dir.filePath(name + "-" + QString::number(i) + ".jpg");
+    for (int i = 0; i < count; ++i) {
+        files << dir.filePath(name + QStringLiteral("-%1.jpg").arg(i, 2, 10, QChar('0')));
         QFile file(files.last());
         if (file.open(QIODevice::WriteOnly)) file.write(bytes);
     }
+    return files;
+}
+
+// Copies, so that every timed selection meets a file it has not decoded before; every other
+// one of a row of copies, the first left out, so that none was read ahead as the neighbour of
+// another or of the row shown first.
+QStringList writeCopies(const QDir& dir, const QString& name, const QByteArray& bytes) {
+    QStringList files;
+    const QStringList all = writeCopies(dir, name, bytes, 2 * kRuns);
+    for (int i = 1; i < all.size(); i += 2) files << all[i];
     return files;
 }
 
@@ -129,9 +188,12 @@ void cameraAtRatio2(const QString& folder) {
     std::printf("\nOn a screen of %.0f device pixels a point, a 360 point wide preview:\n",
                 bench.canvas->devicePixelRatioF());
     QList<double> upright, upright8, upright4, turned, turned4;
+    const QStringList straights = QDir(folder).entryList({"upright-*"});
+    const QStringList turnedOnes = QDir(folder).entryList({"turned-*"});
     for (int i = 0; i < kRuns; ++i) {
-        const QString straight = QDir(folder).filePath(QStringLiteral("upright-%1.jpg").arg(i));
-        const QString sideways = QDir(folder).filePath(QStringLiteral("turned-%1.jpg").arg(i));
+        // Every other copy: see writeCopies().
+        const QString straight = QDir(folder).filePath(straights.value(2 * i + 1));
+        const QString sideways = QDir(folder).filePath(turnedOnes.value(2 * i + 1));
         upright << bench.select(straight);
         upright8 << djpegTime(straight, "1/8");
         upright4 << djpegTime(straight, "1/4");
@@ -149,21 +211,56 @@ void cameraAtRatio2(const QString& folder) {
     bench.reportRepaints("sideways selection");
 }
 
+// Arrowing down the list of `folder` at one key each 200 ms, from its first row: the time from
+// each key to its preview on screen, and the longest the event loop stood still meanwhile.
+void arrowing(const QString& folder) {
+    Bench bench(folder);
+    bench.idle();
+    auto* list = bench.window->findChild<QAbstractItemView*>(QStringLiteral("imageList"));
+    const ImageCatalogue& rows = App::instance()->gallery().images();
+    QList<double> times;
+    StallProbe probe;
+    QElapsedTimer pace;
+    pace.start();
+    for (int row = 1; row < rows.imageCount(); ++row) {
+        while (pace.elapsed() < row * 200) runEvents();
+        QElapsedTimer clock;
+        clock.start();
+        QTest::keyClick(list, Qt::Key_Down);
+        bench.settle();
+        times << clock.nsecsElapsed() / 1e6;
+        if (bench.canvas->imagePath() != rows.cell(row, CatalogueRow::Path)) {
+            std::printf("Arrowing: the key did not reach row %d\n", row);
+            return;
+        }
+    }
+    std::printf(
+        "Arrowing down %lld photos of 6000 x 4000, a key each 200 ms: key to preview median "
+        "%.1f ms, 95th percentile %.1f ms; longest event-loop stall %.1f ms\n",
+        static_cast<long long>(rows.imageCount()), median(times), percentile(times, 0.95),
+        probe.longest);
+}
+
 // Selecting the large picture of `folder`, then its small one: time, peak and what remains.
 void largePicture(const QString& folder, const QString& name) {
     Bench bench(folder);
     const double before = residentMegabytes();
     const PeakMemory peak;
+    StallProbe probe;
     const double time = bench.select(QDir(folder).filePath(name));
+    const double stall = probe.longest;
     const double peakMegabytes = peak.megabytes();
     const bool shown = bench.window->imageCanvas()->size() == QSize(360, 360);
     bench.select(QDir(folder).filePath(QStringLiteral("0-small.jpg")));
-    std::printf("%-22s first paint %7.1f ms, %s, peak +%5.1f MB, after another row +%5.1f MB\n",
-                qPrintable(name), time, shown ? "previewed" : "NOT PREVIEWED", peakMegabytes,
-                residentMegabytes() - before);
+    std::printf(
+        "%-10s first paint %6.1f ms, longest stall %5.1f ms, %s, peak +%5.1f MB, after another "
+        "row +%5.1f MB\n",
+        qPrintable(name), time, stall, shown ? "previewed" : "NOT PREVIEWED", peakMegabytes,
+        residentMegabytes() - before);
 }
 
-// Pictures of 10000 x 10000 pixels, each in a folder with a small JPEG.
+// Pictures of 10000 x 10000 pixels, each in a folder with two small JPEGs: the first row is
+// shown, the second read ahead, and the large picture is not.
 QStringList writeLargePictures(const QDir& dir) {
     QImage image(10000, 10000, QImage::Format_RGB32);
     QLinearGradient gradient(0, 0, 10000, 10000);
@@ -176,7 +273,8 @@ QStringList writeLargePictures(const QDir& dir) {
         QDir().mkpath(folders.last());
         image.save(QDir(folders.last()).filePath(QStringLiteral("large.") + format), nullptr,
                    format == QByteArray("webp") ? 100 : -1);
-        photoLike({640, 480}, 5).save(QDir(folders.last()).filePath("0-small.jpg"));
+        for (const char* name : {"0-small.jpg", "1-small.jpg"})
+            photoLike({640, 480}, 5).save(QDir(folders.last()).filePath(name));
     }
     return folders;
 }
@@ -193,6 +291,10 @@ int main(int argc, char** argv) {
     const QStringList arguments = app.arguments();
     if (arguments.size() == 3 && arguments[1] == "--ratio-2") {
         cameraAtRatio2(arguments[2]);
+        return 0;
+    }
+    if (arguments.size() == 3 && arguments[1] == "--arrowing") {
+        arrowing(arguments[2]);
         return 0;
     }
     if (arguments.size() == 4 && arguments[1] == "--large") {
@@ -244,6 +346,11 @@ int main(int argc, char** argv) {
     writeCopies(sideways, "turned", jpegWithOrientation(cameraImage, 6));
     photoLike({640, 480}, 4).save(sideways.filePath("0-first.jpg"), "JPEG", 90);
     runChild({"--ratio-2", sideways.path()}, "2");
+
+    std::printf("\n");
+    QTemporaryDir walk;
+    writeCopies(QDir(walk.path()), "photo", jpeg(cameraImage), 50);
+    runChild({"--arrowing", walk.path()});
 
     std::printf("\nPictures of 10000 x 10000 pixels, each selected in a process of its own:\n");
     QTemporaryDir large;

@@ -40,8 +40,8 @@ class LargeFolderTest : public QObject {
         QCOMPARE(dialogs.questions.last(),
                  QString("Clear\n\nAre you sure to remove the %1 selected images from the list?")
                      .arg(selected));
-        QCoreApplication::processEvents();  // the preview's layout step
         QVERIFY(window->imageCanvas()->imagePath().isEmpty());
+        QTRY_VERIFY(!window->imageCanvas()->previewPending());
         QCOMPARE(window->imageCanvas()->picture(), pictures::placeholder());
     }
 

@@ -60,9 +60,9 @@ class PreviewTest : public QObject {
         (size.startsWith('w') ? byWidth : byHeight)->setChecked(true);
         wanted->setText(size.mid(1));
         canvas->showImage(file);
-        QCoreApplication::processEvents();
+        QTRY_VERIFY_WITH_TIMEOUT(!canvas->decoding(), 60000);
     }
-    QString path(const char* name) const { return dir.filePath(name); }
+    QString path(const QString& name) const { return dir.filePath(name); }
 
 private slots:
     void initTestCase() {
@@ -198,6 +198,59 @@ private slots:
         QCOMPARE(Picture::decodeCount(), decodes + 2);
     }
 
+    // Selections one after another, the neighbours to read ahead after a colon, each taking its
+    // layout step (and with a plus, until its decode has begun); at a dot every decode ends and the
+    // count starts. The last selection shows, and the decodes after the dot are at most as many as
+    // given.
+    void showsTheLastSelectionAndReadsAhead_data() {
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<int>("decodes");
+        for (const char* name : {"up.png", "down.png", "left.png", "fresh.png"})
+            QVERIFY(quarters({640, 480}).save(path(name)));
+        QImage slow(4000, 3000, QImage::Format_RGB32);
+        slow.fill(Qt::black);
+        for (const char* name : {"slow1.bmp", "slow2.bmp", "slow3.bmp"})
+            QVERIFY(slow.save(path(name)));
+        // Two slow decodes run and their results come late; the third is replaced before it starts.
+        QTest::newRow("results left behind")
+            << "w360" << QStringList{".", "slow1.bmp+", "slow2.bmp+", "slow3.bmp", "fresh.png"}
+            << 3;
+        QTest::newRow("read ahead down and up")
+            << "w360" << QStringList{"photo.png:down.png,up.png", ".", "up.png", "down.png"} << 0;
+        // Each neighbour alone fits beside the shown preview in memory, both do not.
+        QTest::newRow("the shown one stays")
+            << "w6000" << QStringList{"photo.png:down.png,up.png", ".", "photo.png"} << 0;
+    }
+    void showsTheLastSelectionAndReadsAhead() {
+        QFETCH(QString, size);
+        QFETCH(QStringList, steps);
+        QFETCH(int, decodes);
+        paint(path("left.png"), size);
+        int before = Picture::decodeCount();
+        for (const QString& step : steps) {
+            if (step == ".") {
+                QTRY_VERIFY_WITH_TIMEOUT(!canvas->decoding(), 60000);
+                before = Picture::decodeCount();
+                continue;
+            }
+            QStringList neighbours;
+            for (const QString& name : step.section(':', 1).split(',', Qt::SkipEmptyParts))
+                neighbours << path(name);
+            const QString name = step.section(':', 0, 0);
+            const int started = Picture::decodeCount();
+            canvas->showImage(path(name.chopped(name.endsWith('+'))), neighbours);
+            QCoreApplication::processEvents();
+            while (name.endsWith('+') && Picture::decodeCount() == started)
+                QCoreApplication::processEvents();
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(!canvas->decoding(), 60000);
+        QCOMPARE(canvas->picture()->path(), path(steps.last()));
+        QCOMPARE(canvas->grab({10, 10, 1, 1}).toImage().pixel(0, 0), quarterAt({2, 2}, {0, 0}));
+        QVERIFY2(Picture::decodeCount() - before <= decodes,
+                 qPrintable(QString::number(Picture::decodeCount() - before)));
+    }
+
     // Typed, then committed by Return ("\r") or else by leaving the field: the field's text and
     // the size kept.
     void committingMendsTheSizeField() {
@@ -217,7 +270,7 @@ private slots:
         App* app = App::instance();
         app->start();
         MainWindow* main = app->mainWindow();
-        QCoreApplication::processEvents();
+        QTRY_VERIFY(!main->imageCanvas()->decoding());
         // The field's first text falls to the slider's single position; the placeholder shows.
         QCOMPARE(main->findChild<QLineEdit*>("previewSizeField")->text(), QString("360"));
         QCOMPARE(app->preferences().previewSize, 360);
@@ -229,7 +282,7 @@ private slots:
 
         // The height button repaints at once.
         main->findChild<QRadioButton*>("byHeightButton")->click();
-        QCoreApplication::processEvents();
+        QTRY_VERIFY(!main->imageCanvas()->decoding());
         QCOMPARE(main->imageCanvas()->size(), QSize(540, 360));
     }
 };

@@ -231,7 +231,12 @@ void MainWindow::showSelectedImage() {
     const ImageCatalogue& images = gallery_.images();
     const int row = images.selectedRow();
     if (row < 0) return;
-    ui_->imageCanvas->showImage(images.cell(row, CatalogueRow::Path));
+    QStringList neighbours;
+    // The next row first: a walk through the list goes down more often than up.
+    for (const int next : {row + 1, row - 1})
+        if (next >= 0 && next < images.imageCount())
+            neighbours << images.cell(next, CatalogueRow::Path);
+    ui_->imageCanvas->showImage(images.cell(row, CatalogueRow::Path), neighbours);
     ui_->captionField->setText(images.cell(row, CatalogueRow::Caption));
 }
 

@@ -5,7 +5,9 @@
 #include <QPainter>
 #include <QtPlugin>
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <mutex>
 
 #include "platform/exiforientation.h"
 #include "platform/nativename.h"
@@ -23,10 +25,13 @@ constexpr qint64 kMaxDecodedPixels = 100'000'000;
 // refuse a 40-megapixel photo in any format that cannot be decoded at a smaller scale.
 constexpr int kAllocationLimitMB = 400;
 
-int decodesSoFar = 0;
+// Pictures are decoded on several threads at once.
+std::atomic<int> decodesSoFar = 0;
 
 void prepare(QImageReader& reader) {
-    QImageReader::setAllocationLimit(kAllocationLimitMB);
+    // A setting of the whole process, made once, before a second thread can read it.
+    static std::once_flag limited;
+    std::call_once(limited, [] { QImageReader::setAllocationLimit(kAllocationLimitMB); });
     reader.setDecideFormatFromContent(true);
 }
 

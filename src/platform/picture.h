@@ -11,6 +11,8 @@
 // when asked for, at the size they are needed, so that opening thousands of pictures to learn
 // their sizes stays as cheap as reading their headers.
 //
+// A picture never changes once opened, so that several threads may decode it at the same time.
+//
 // Sizes and pixels are those of the picture as it is shown upright: a photo stored sideways with
 // an orientation tag (as phones store portrait shots) is as wide and as high as a browser shows it.
 class Picture {

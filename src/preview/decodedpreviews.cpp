@@ -1,6 +1,7 @@
 #include "preview/decodedpreviews.h"
 
 #include <QFileInfo>
+#include <algorithm>
 
 namespace {
 // Enough for a handful of previews at window size, and still bounded when a wanted size
@@ -9,30 +10,52 @@ constexpr qsizetype kMaxEntries = 8;
 constexpr qsizetype kMaxBytes = 64 * 1024 * 1024;
 }  // namespace
 
-QImage DecodedPreviews::at(const Picture& picture, QSize size, QRect part) {
+DecodedPreviews::Key DecodedPreviews::keyOf(const Picture& picture, QSize size, QRect part) {
     const QFileInfo file(picture.path());
-    const Key key{picture.path(), file.size(), file.lastModified(), size, part};
+    return {picture.path(), file.size(), file.lastModified(), size, part};
+}
+
+QImage DecodedPreviews::find(const Key& key) {
     for (qsizetype i = 0; i < entries_.size(); ++i) {
         if (entries_[i].key == key) {
             entries_.move(i, 0);
             return entries_.first().image;
         }
     }
-    QImage image = picture.decode(size, part);
-    // A failed decode is not kept: the file may be mended, and the next paint tries again.
-    if (!image.isNull()) keep({key, image});
-    return image;
+    return {};
 }
 
-void DecodedPreviews::keep(Entry entry) {
-    entries_.prepend(std::move(entry));
+bool DecodedPreviews::has(const Key& key) const {
+    return std::any_of(entries_.begin(), entries_.end(),
+                       [&key](const Entry& entry) { return entry.key == key; });
+}
+
+bool DecodedPreviews::roomBesideNewest(const Key& key) const {
+    const QSize pixels = key.part.isEmpty() ? key.size : key.part.size();
+    const qsizetype newest = entries_.isEmpty() ? 0 : entries_.first().image.sizeInBytes();
+    return qsizetype{pixels.width()} * pixels.height() * 4 + newest <= kMaxBytes;
+}
+
+void DecodedPreviews::keep(const Key& key, const QImage& image, Place place) {
+    entries_.insert(place == Place::BehindNewest && !entries_.isEmpty() ? 1 : 0, {key, image});
     qsizetype bytes = 0;
-    qsizetype kept = 0;
-    // The newest entry always stays, whatever its size.
-    while (kept < entries_.size() && kept < kMaxEntries &&
-           (kept == 0 || bytes + entries_[kept].image.sizeInBytes() <= kMaxBytes)) {
-        bytes += entries_[kept].image.sizeInBytes();
-        ++kept;
+    // The newest entry always stays, whatever its size; an older one that no longer fits goes.
+    for (qsizetype kept = 0; kept < entries_.size();) {
+        const qsizetype size = entries_[kept].image.sizeInBytes();
+        if (kept == 0 || (kept < kMaxEntries && bytes + size <= kMaxBytes)) {
+            bytes += size;
+            ++kept;
+        } else {
+            entries_.removeAt(kept);
+        }
     }
-    entries_.erase(entries_.begin() + kept, entries_.end());
+}
+
+QImage DecodedPreviews::at(const Picture& picture, QSize size) {
+    const Key key = keyOf(picture, size);
+    if (QImage image = find(key); !image.isNull()) return image;
+    QImage image = picture.decode(size);
+    // A failed decode is not kept: the file may be mended, and the next paint tries again.
+    if (!image.isNull()) keep(key, image);
+    return image;
 }

@@ -15,11 +15,6 @@
 // so is a picture shown on a screen of another pixel density.
 class DecodedPreviews {
 public:
-    // The pixels of `part` of the picture scaled to `size` (see Picture::decode), from memory
-    // when they are there; a null image when the file cannot be decoded.
-    QImage at(const Picture& picture, QSize size, QRect part = {});
-
-private:
     struct Key {
         QString path;
         qint64 fileSize = 0;
@@ -28,12 +23,28 @@ private:
         QRect part;
         bool operator==(const Key&) const = default;
     };
+    // Where a new entry goes: first, or behind the first, so that pixels decoded ahead never
+    // push out those of the preview on show.
+    enum class Place { Newest, BehindNewest };
+
+    // The key of `part` of the picture scaled to `size` (see Picture::decode), as its file is now.
+    static Key keyOf(const Picture& picture, QSize size, QRect part = {});
+
+    // The pixels kept for `key`, which become the newest; a null image when there are none.
+    QImage find(const Key& key);
+    bool has(const Key& key) const;
+    // Whether the pixels for `key` fit in memory beside the newest entry.
+    bool roomBesideNewest(const Key& key) const;
+    void keep(const Key& key, const QImage& image, Place place = Place::Newest);
+    // The pixels of the picture at `size`, from memory or decoded now; a null image when the file
+    // cannot be decoded.
+    QImage at(const Picture& picture, QSize size);
+
+private:
     struct Entry {
         Key key;
         QImage image;
     };
-
-    void keep(Entry entry);
 
     // Most recently used first.
     QList<Entry> entries_;
