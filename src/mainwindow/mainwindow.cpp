@@ -23,7 +23,6 @@
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/sharedwindow.h"
-#include "platform/specialfolders.h"
 #include "platform/text.h"
 #include "preferences/preferences.h"
 #include "preferences/preferenceswindow.h"
@@ -134,12 +133,13 @@ void MainWindow::connectSettingFields() {
     for (QComboBox* popup : {ui_->backgroundColourBox, ui_->titleColourBox, ui_->captionColourBox})
         connect(popup, &QComboBox::currentTextChanged, this, &MainWindow::storeSettings);
     connect(ui_->fullWidthCheckBox, &QCheckBox::toggled, this, &MainWindow::storeSettings);
-    storeSettings();
+    showSettings();
 }
 
 void MainWindow::storeSettings() {
     if (showingSettings_) return;
-    GallerySettings settings;
+    // What the window has no field for stays as it is.
+    GallerySettings settings = gallery_.settings();
     settings.folder = ui_->folderField->text();
     settings.pageFileName = ui_->pageFileNameField->text();
     settings.headTitle = ui_->headTitleField->text();
@@ -155,7 +155,8 @@ void MainWindow::storeSettings() {
 void MainWindow::showSettings() {
     const GallerySettings& settings = gallery_.settings();
     const QScopedValueRollback showing(showingSettings_, true);
-    ui_->folderField->setText(settings.folder);
+    // Until a folder comes in, the field asks for one.
+    if (!settings.folder.isEmpty()) ui_->folderField->setText(settings.folder);
     ui_->pageFileNameField->setText(settings.pageFileName);
     ui_->headTitleField->setText(settings.headTitle);
     ui_->titleField->setText(settings.title);
@@ -174,8 +175,6 @@ void MainWindow::fillFromPreferences() {
     // The sheet does not hold up the rest of the opening.
     if (preferences_.openAtStart)
         sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(this);
-    const QString userName = QFileInfo(SpecialFolder::UserHome()).fileName();
-    ui_->headTitleField->setText(userName + QStringLiteral("'s photo gallery"));
 }
 
 ImageCanvas* MainWindow::imageCanvas() const {
@@ -185,9 +184,6 @@ ImageCanvas* MainWindow::imageCanvas() const {
 void MainWindow::fillColourPopups() {
     for (QComboBox* popup : {ui_->backgroundColourBox, ui_->titleColourBox, ui_->captionColourBox})
         popup->addItems(galleryColourNames());
-    ui_->backgroundColourBox->setCurrentIndex(0);
-    ui_->titleColourBox->setCurrentIndex(1);
-    ui_->captionColourBox->setCurrentIndex(1);
 }
 
 void MainWindow::installMenus() {
