@@ -3,10 +3,12 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QImage>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
 
+#include "gallery/galleryquestions.h"
 #include "support/pagebytes.h"
 #include "support/testenvironment.h"
 
@@ -38,6 +40,29 @@ QMap<QString, QByteArray> filesUnder(const QString& folder) {
         files[it.filePath()] = file.open(QIODevice::ReadOnly) ? file.readAll() : "(unreadable)";
     }
     return files;
+}
+
+// A run with no window reopens a page of its own without a question.
+struct RestoringAnswers : GalleryQuestions {
+    bool restorePage(const QString&) override { return true; }
+    bool replaceOtherPage(const QString&) override { return false; }
+    void imagesMissing(const QStringList&) override {}
+};
+
+using Choice = std::function<void(GallerySettings&)>;
+
+// The page the gallery core writes for `folder` as the window reopens it, with `choose` made.
+QByteArray corePage(const QString& folder, const Choice& choose) {
+    Gallery gallery;
+    RestoringAnswers answers;
+    gallery.setQuestions(&answers);
+    gallery.openFolder(folder);
+    GallerySettings settings = gallery.settings();
+    choose(settings);
+    QBuffer page;
+    page.open(QIODevice::WriteOnly);
+    writeGalleryPage(page, settings, gallery.images().countText(), gallery.images().rows());
+    return page.data();
 }
 
 }  // namespace
@@ -168,6 +193,86 @@ private slots:
         // Every picture, every file outside and any earlier page byte for byte; no temporary
         // file, no file of another name.
         QCOMPARE(filesUnder(root.path()), expected);
+    }
+
+    // The program run with no display: each page it writes is the one the window would write,
+    // nothing else is written, and it tells each page and each problem.
+    void theCommandLineWritesWithNoWindow() {
+        QTemporaryDir root;
+        for (const char* name : {"Plain/a.png", "Plain/b.png", "Paged/a.png", "Paged/b.png",
+                                 "Paged/c.png", "Foreign/a.png", "Empty/"})
+            QVERIFY(QDir().mkpath(QFileInfo(root.filePath(name)).path()) &&
+                    (!name[6] || QImage(8, 4, QImage::Format_RGB32).save(root.filePath(name))));
+        GalleryPage paged{{}, {{"c.png", "Sea"}, {"gone.png", "x"}, {"a.png", "Sky"}}};
+        paged.settings.backgroundColour = "Navy";
+        writeFile(root.filePath("Paged/index.html"), pageBytes(paged));
+        writeFile(root.filePath("Foreign/index.html"), "<!DOCTYPE html>\n<p>Mine</p>\n");
+        const Choice none = [](GallerySettings&) {};
+        const QString help = "; see velmora --help\n";
+        // Each case: the arguments, the page written and its settings, the start of standard
+        // output, standard error, the exit status.
+        const std::tuple<QString, QString, Choice, QString, QString, int> cases[] = {
+            {"--write Plain", "Plain/index.html", none, "Plain/index.html: 2 images\n", "", 0},
+            {"--write Paged", "Paged/index.html", none, "Paged/index.html: 3 images\n",
+             "velmora: Paged: 1 images of the page are no longer in the folder, left out: "
+             "gone.png\n",
+             0},
+            {"--write Foreign Empty gone Plain/", "Plain/index.html", none,
+             "Plain/index.html: 2 images\n",
+             "velmora: Foreign: index.html already exists and was not written by Velmora; "
+             "--replace replaces it\nvelmora: Empty: no pictures in the folder; no page "
+             "written\nvelmora: gone: not an existing folder\n",
+             2},
+            {"--write --replace Foreign", "Foreign/index.html", none,
+             "Foreign/index.html: 1 image\n", "", 0},
+            {"--write --page a.png Plain", "", none, "",
+             "velmora: Plain: \"a.png\" in the gallery's folder is a picture. Velmora never writes "
+             "over a picture; please choose another page name.\n",
+             2},
+            {"--write --page=t.html --title=T --background=navy --margins --self-contained Plain",
+             "Plain/t.html",
+             [](GallerySettings& settings) {
+                 settings = {settings.folder,
+                             "t.html",
+                             settings.headTitle,
+                             "T",
+                             "",
+                             "Navy",
+                             "White",
+                             "White",
+                             false,
+                             true};
+             },
+             "Plain/t.html: 2 images\n", "", 0},
+            {"--write --caption-colour=Mauve Plain", "", none, "",
+             "velmora: \"Mauve\" is not one of the colour names Velmora offers" + help, 1},
+            {"--write --margins --full-width Plain", "", none, "",
+             "velmora: --full-width or --margins, not both" + help, 1},
+            {"--write", "", none, "", "velmora: --write needs a folder" + help, 1},
+            {"--title=T Plain", "", none, "", "velmora: --title goes with --write" + help, 1},
+            {"--version", "", none, "Velmora ", "", 0},
+            {"--help", "", none, "Usage: ", "", 0},
+        };
+        QProcess velmora;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(variable);
+        velmora.setProcessEnvironment(environment);
+        velmora.setWorkingDirectory(root.path());
+        for (const auto& [arguments, page, choose, out, errors, status] : cases) {
+            QMap<QString, QByteArray> expected = filesUnder(root.path());
+            if (!page.isEmpty())
+                expected[root.filePath(page)] =
+                    corePage(QFileInfo(root.filePath(page)).path(), choose);
+            velmora.start(VELMORA_PROGRAM, arguments.split(' '));
+            QVERIFY(velmora.waitForFinished());
+            QVERIFY2(velmora.readAllStandardOutput().startsWith(out.toUtf8()),
+                     qPrintable(arguments));
+            QCOMPARE(velmora.readAllStandardError(), errors.toUtf8());
+            QCOMPARE(velmora.exitStatus() == QProcess::NormalExit ? velmora.exitCode() : -1,
+                     status);
+            QCOMPARE(filesUnder(root.path()), expected);
+        }
     }
 };
 

@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QtEndian>
 #include <cstdio>
+#include <exiv2/exiv2.hpp>
 
 #include "platform/nativename.h"
 
@@ -45,6 +46,23 @@ QByteArray exifWithOrientation(int orientation) {
            QByteArray(6, '\0');
 }
 }  // namespace
+
+bool describe(const QString& path, const QList<std::pair<const char*, QString>>& fields) {
+    try {
+        const auto image = Exiv2::ImageFactory::open(path.toStdString());
+        image->readMetadata();
+        for (const auto& [key, value] : fields) {
+            const std::string text = value.toStdString();
+            if (QByteArray(key).startsWith("Xmp.")) image->xmpData()[key] = text;
+            if (QByteArray(key).startsWith("Iptc.")) image->iptcData()[key] = text;
+            if (QByteArray(key).startsWith("Exif.")) image->exifData()[key] = text;
+        }
+        image->writeMetadata();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
 
 QByteArray jpegWithOrientation(const QImage& image, int orientation) {
     const QByteArray exif = "Exif" + QByteArray(2, '\0') + exifWithOrientation(orientation);
