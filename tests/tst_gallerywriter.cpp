@@ -8,7 +8,7 @@
 #include <QTest>
 #include <csignal>
 
-#include "gallery/galleryquestions.h"
+#include "gallery/gallery.h"
 #include "support/pagebytes.h"
 #include "support/testenvironment.h"
 
@@ -42,21 +42,14 @@ QMap<QString, QByteArray> filesUnder(const QString& folder) {
     return files;
 }
 
-// A run with no window reopens a page of its own without a question.
-struct RestoringAnswers : GalleryQuestions {
-    bool restorePage(const QString&) override { return true; }
-    bool replaceOtherPage(const QString&) override { return false; }
-    void imagesMissing(const QStringList&) override {}
-};
-
 using Choice = std::function<void(GallerySettings&)>;
 
-// The page the gallery core writes for `folder` as the window reopens it, with `choose` made.
-QByteArray corePage(const QString& folder, const Choice& choose) {
+// The core's page at `path`, its folder reopened as its page left it, with `choose` made.
+QByteArray corePage(const QString& path, const Choice& choose) {
+    const QString folder = QFileInfo(path).path();
     Gallery gallery;
-    RestoringAnswers answers;
-    gallery.setQuestions(&answers);
-    gallery.openFolder(folder);
+    const std::optional<GalleryPageFile> written = newestGalleryPageIn(folder);
+    gallery.openFolder(written ? written->path : folder);  // a page handed over is reopened unasked
     GallerySettings settings = gallery.settings();
     choose(settings);
     QBuffer page;
@@ -195,8 +188,7 @@ private slots:
         QCOMPARE(filesUnder(root.path()), expected);
     }
 
-    // The program run with no display: each page it writes is the one the window would write,
-    // nothing else is written, and it tells each page and each problem.
+    // With no display, the program writes the page the window would and nothing else, and says so.
     void theCommandLineWritesWithNoWindow() {
         QTemporaryDir root;
         for (const char* name : {"Plain/a.png", "Plain/b.png", "Paged/a.png", "Paged/b.png",
@@ -214,9 +206,7 @@ private slots:
         const std::tuple<QString, QString, Choice, QString, QString, int> cases[] = {
             {"--write Plain", "Plain/index.html", none, "Plain/index.html: 2 images\n", "", 0},
             {"--write Paged", "Paged/index.html", none, "Paged/index.html: 3 images\n",
-             "velmora: Paged: 1 images of the page are no longer in the folder, left out: "
-             "gone.png\n",
-             0},
+             "velmora: Paged: left out, no longer in the folder: gone.png\n", 0},
             {"--write Foreign Empty gone Plain/", "Plain/index.html", none,
              "Plain/index.html: 2 images\n",
              "velmora: Foreign: index.html already exists and was not written by Velmora; "
@@ -231,43 +221,28 @@ private slots:
              2},
             {"--write --page=t.html --title=T --background=navy --margins --self-contained Plain",
              "Plain/t.html",
-             [](GallerySettings& settings) {
-                 settings = {settings.folder,
-                             "t.html",
-                             settings.headTitle,
-                             "T",
-                             "",
-                             "Navy",
-                             "White",
-                             "White",
-                             false,
-                             true};
+             [](GallerySettings& s) {
+                 s.pageFileName = "t.html", s.title = "T", s.backgroundColour = "Navy";
+                 s.fullWidth = false, s.selfContained = true;
              },
              "Plain/t.html: 2 images\n", "", 0},
             {"--write --caption-colour=Mauve Plain", "", none, "",
              "velmora: \"Mauve\" is not one of the colour names Velmora offers" + help, 1},
-            {"--write --margins --full-width Plain", "", none, "",
-             "velmora: --full-width or --margins, not both" + help, 1},
-            {"--write", "", none, "", "velmora: --write needs a folder" + help, 1},
             {"--title=T Plain", "", none, "", "velmora: --title goes with --write" + help, 1},
             {"--version", "", none, "Velmora ", "", 0},
             {"--help", "", none, "Usage: ", "", 0},
         };
         QProcess velmora;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-            environment.remove(variable);
-        velmora.setProcessEnvironment(environment);
         velmora.setWorkingDirectory(root.path());
+        const QStringList noDisplay = {"-u", "DISPLAY",         "-u",           "WAYLAND_DISPLAY",
+                                       "-u", "QT_QPA_PLATFORM", VELMORA_PROGRAM};
         for (const auto& [arguments, page, choose, out, errors, status] : cases) {
             QMap<QString, QByteArray> expected = filesUnder(root.path());
             if (!page.isEmpty())
-                expected[root.filePath(page)] =
-                    corePage(QFileInfo(root.filePath(page)).path(), choose);
-            velmora.start(VELMORA_PROGRAM, arguments.split(' '));
+                expected[root.filePath(page)] = corePage(root.filePath(page), choose);
+            velmora.start("env", noDisplay + arguments.split(' '));
             QVERIFY(velmora.waitForFinished());
-            QVERIFY2(velmora.readAllStandardOutput().startsWith(out.toUtf8()),
-                     qPrintable(arguments));
+            QVERIFY(velmora.readAllStandardOutput().startsWith(out.toUtf8()));
             QCOMPARE(velmora.readAllStandardError(), errors.toUtf8());
             QCOMPARE(velmora.exitStatus() == QProcess::NormalExit ? velmora.exitCode() : -1,
                      status);

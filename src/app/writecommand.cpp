@@ -39,9 +39,7 @@ public:
     bool restorePage(const QString&) override { return true; }
     bool replaceOtherPage(const QString&) override { return replace_; }
     void imagesMissing(const QStringList& fileNames) override {
-        report_.problem(QString::number(fileNames.size()) +
-                        QStringLiteral(" images of the page are no longer in the folder, left "
-                                       "out: ") +
+        report_.problem(QStringLiteral("left out, no longer in the folder: ") +
                         fileNames.join(QStringLiteral(", ")));
     }
 

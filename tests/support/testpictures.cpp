@@ -47,21 +47,15 @@ QByteArray exifWithOrientation(int orientation) {
 }
 }  // namespace
 
-bool describe(const QString& path, const QList<std::pair<const char*, QString>>& fields) {
-    try {
-        const auto image = Exiv2::ImageFactory::open(path.toStdString());
-        image->readMetadata();
-        for (const auto& [key, value] : fields) {
-            const std::string text = value.toStdString();
-            if (QByteArray(key).startsWith("Xmp.")) image->xmpData()[key] = text;
-            if (QByteArray(key).startsWith("Iptc.")) image->iptcData()[key] = text;
-            if (QByteArray(key).startsWith("Exif.")) image->exifData()[key] = text;
-        }
-        image->writeMetadata();
-        return true;
-    } catch (...) {
-        return false;
+void describe(const QString& path, const QList<std::pair<const char*, QString>>& fields) {
+    const auto image = Exiv2::ImageFactory::open(path.toStdString());
+    for (const auto& [key, value] : fields) {
+        const QByteArray family = QByteArray(key).left(4);
+        if (family == "Xmp.") image->xmpData()[key] = value.toStdString();
+        if (family == "Iptc") image->iptcData()[key] = value.toStdString();
+        if (family == "Exif") image->exifData()[key] = value.toStdString();
     }
+    image->writeMetadata();
 }
 
 QByteArray jpegWithOrientation(const QImage& image, int orientation) {

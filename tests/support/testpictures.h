@@ -21,8 +21,8 @@ void writeBytes(const QString& path, const QByteArray& bytes);
 // a phone stores a portrait shot.
 QByteArray jpegWithOrientation(const QImage& image, int orientation);
 // Writes `fields` into the picture's file at `path`, each an Exiv2 key ("Xmp.dc.description") and
-// its value as Exiv2 reads it ("lang=x-default Dunes").
-bool describe(const QString& path, const QList<std::pair<const char*, QString>>& fields);
+// its value as Exiv2 reads it ("lang=x-default Dunes"); Exiv2 throws when it cannot.
+void describe(const QString& path, const QList<std::pair<const char*, QString>>& fields);
 // The same as a PNG with an eXIf chunk, which browsers honour as well.
 QByteArray pngWithOrientation(const QImage& image, int orientation);
 
