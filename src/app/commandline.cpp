@@ -22,7 +22,8 @@ const QString kDescription = QStringLiteral(
     "\n"
     "Examples:\n"
     "  velmora ~/Pictures/Iceland\n"
-    "  velmora --write --title \"Iceland\" --background Navy --margins ~/Pictures/Iceland\n"
+    "  velmora --write --title Iceland --background navy --margins ~/Pictures/Iceland \\\n"
+    "          ~/Pictures/Faroe\n"
     "\n"
     "Exit status: 0 when all went well, 1 for a command line that cannot be used, 2 when a\n"
     "page of --write could not be written (the other folders are written all the same).");

@@ -117,12 +117,16 @@ void MainWindow::connectHandlers() {
     connect(ui_->helpButton, &QToolButton::clicked, this, &MainWindow::showHelp);
     connect(&gallery_, &Gallery::settingsChanged, this, &MainWindow::showSettings);
     connect(&gallery_, &Gallery::listUpdated, this, &MainWindow::showListProgress);
-    connect(&gallery_, &Gallery::intakeStarted, this,
-            [] { sharedInstance<ProgressWindow>()->showForWalk(); });
-    connect(&gallery_, &Gallery::intakeFinished, this, [] {
+    connect(&gallery_, &Gallery::intakeStarted, this, [this] {
+        walking_ = true;
+        sharedInstance<ProgressWindow>()->showForWalk();
+    });
+    connect(&gallery_, &Gallery::intakeFinished, this, [this] {
         ProgressWindow* progress = sharedInstance<ProgressWindow>();
         progress->refresh(ProgressWindow::Repaint::Now);
         progress->hideAfterWalk();
+        walking_ = false;
+        showSelectedImage();
     });
 }
 
@@ -223,7 +227,7 @@ void MainWindow::setUpList() {
 void MainWindow::showSelectedImage() {
     const ImageCatalogue& images = gallery_.images();
     const int row = images.selectedRow();
-    if (row < 0) return;
+    if (row < 0 || walking_) return;
     ui_->imageCanvas->showImage(images.cell(row, CatalogueRow::Path));
     ui_->captionField->setText(images.cell(row, CatalogueRow::Caption));
 }
