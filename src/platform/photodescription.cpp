@@ -36,11 +36,11 @@ QString decoded(const std::string& bytes) {
     return utf8.hasError() ? QString::fromLatin1(raw) : text;
 }
 
-// Fixed-size fields come padded with NULs or blanks.
+// Fixed-size fields come padded with NULs or blanks, and a caption is one line.
 QString cleaned(const QString& text) {
     QString cut = text;
     cut.replace(QChar(0), QChar(' '));
-    return cut.trimmed();
+    return cut.simplified();
 }
 
 QString xmpDescription(const Exiv2::XmpData& xmp) {
