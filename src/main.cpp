@@ -3,6 +3,7 @@
 #include "platform/nativename.h"
 
 int main(int argc, char** argv) {
+    if (const std::optional<int> status = runWithoutWindow(argc, argv)) return *status;
     App app(argc, argv);
     const CommandLine commandLine = readCommandLine(nativeName::fromArguments(argc, argv));
     if (commandLine.exitCode) return *commandLine.exitCode;

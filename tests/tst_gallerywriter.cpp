@@ -3,10 +3,12 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QImage>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
 
+#include "gallery/gallery.h"
 #include "support/pagebytes.h"
 #include "support/testenvironment.h"
 
@@ -38,6 +40,19 @@ QMap<QString, QByteArray> filesUnder(const QString& folder) {
         files[it.filePath()] = file.open(QIODevice::ReadOnly) ? file.readAll() : "(unreadable)";
     }
     return files;
+}
+
+using Choice = std::function<void(GallerySettings&)>;
+
+// The core's page at `path`, its folder reopened as its page left it, with `choose` made.
+QByteArray corePage(const QString& path, const Choice& choose) {
+    const QString folder = QFileInfo(path).path();
+    Gallery gallery;
+    const std::optional<GalleryPageFile> written = newestGalleryPageIn(folder);
+    gallery.openFolder(written ? written->path : folder);  // a page handed over is reopened unasked
+    GallerySettings settings = gallery.settings();
+    choose(settings);
+    return galleryPage(settings, gallery.images().countText(), gallery.images().rows());
 }
 
 }  // namespace
@@ -198,6 +213,68 @@ private slots:
         // Every picture, every file outside and any earlier page byte for byte; no temporary
         // file, no file of another name.
         QCOMPARE(filesUnder(root.path()), expected);
+    }
+
+    // With no display, the program writes the page the window would and nothing else, and says so.
+    void theCommandLineWritesWithNoWindow() {
+        QTemporaryDir root;
+        for (const char* name : {"Plain/a.png", "Plain/b.png", "Paged/a.png", "Paged/b.png",
+                                 "Paged/c.png", "Foreign/a.png", "Empty/"})
+            QVERIFY(QDir().mkpath(QFileInfo(root.filePath(name)).path()) &&
+                    (!name[6] || QImage(8, 4, QImage::Format_RGB32).save(root.filePath(name))));
+        GalleryPage paged{{}, {{"c.png", "Sea"}, {"gone.png", "x"}, {"a.png", "Sky"}}};
+        paged.settings.backgroundColour = "Navy";
+        writeFile(root.filePath("Paged/index.html"), pageBytes(paged));
+        writeFile(root.filePath("Foreign/index.html"), "<!DOCTYPE html>\n<p>Mine</p>\n");
+        const Choice none = [](GallerySettings&) {};
+        const QString help = "; see velmora --help\n";
+        // Each case: the arguments, the page written and its settings, the start of standard
+        // output, standard error, the exit status.
+        const std::tuple<QString, QString, Choice, QString, QString, int> cases[] = {
+            {"--write Plain", "Plain/index.html", none, "Plain/index.html: 2 images\n", "", 0},
+            {"--write Paged", "Paged/index.html", none, "Paged/index.html: 3 images\n",
+             "velmora: Paged: left out, no longer in the folder: gone.png\n", 0},
+            {"--write Foreign Empty gone Plain/", "Plain/index.html", none,
+             "Plain/index.html: 2 images\n",
+             "velmora: Foreign: index.html already exists and was not written by Velmora; "
+             "--replace replaces it\nvelmora: Empty: no pictures in the folder; no page "
+             "written\nvelmora: gone: not an existing folder\n",
+             2},
+            {"--write --replace Foreign", "Foreign/index.html", none,
+             "Foreign/index.html: 1 image\n", "", 0},
+            {"--write --page a.png Plain", "", none, "",
+             "velmora: Plain: \"a.png\" in the gallery's folder is a picture. Velmora never writes "
+             "over a picture; please choose another page name.\n",
+             2},
+            {"--write --page=t.html --title=T --background=navy --margins --self-contained Plain",
+             "Plain/t.html",
+             [](GallerySettings& s) {
+                 s.pageFileName = "t.html", s.title = "T", s.backgroundColour = "Navy";
+                 s.fullWidth = false, s.selfContained = true;
+             },
+             "Plain/t.html: 2 images\n", "", 0},
+            {"--write --caption-colour=Mauve Plain", "", none, "",
+             "velmora: \"Mauve\" is not one of the colour names Velmora offers" + help, 1},
+            {"--title=T Plain", "", none, "", "velmora: --title goes with --write" + help, 1},
+            {"--version", "", none, "Velmora ", "", 0},
+            {"--help", "", none, "Usage: ", "", 0},
+        };
+        QProcess velmora;
+        velmora.setWorkingDirectory(root.path());
+        const QStringList noDisplay = {"-u", "DISPLAY",         "-u",           "WAYLAND_DISPLAY",
+                                       "-u", "QT_QPA_PLATFORM", VELMORA_PROGRAM};
+        for (const auto& [arguments, page, choose, out, errors, status] : cases) {
+            QMap<QString, QByteArray> expected = filesUnder(root.path());
+            if (!page.isEmpty())
+                expected[root.filePath(page)] = corePage(root.filePath(page), choose);
+            velmora.start("env", noDisplay + arguments.split(' '));
+            QVERIFY(velmora.waitForFinished());
+            QVERIFY(velmora.readAllStandardOutput().startsWith(out.toUtf8()));
+            QCOMPARE(velmora.readAllStandardError(), errors.toUtf8());
+            QCOMPARE(velmora.exitStatus() == QProcess::NormalExit ? velmora.exitCode() : -1,
+                     status);
+            QCOMPARE(filesUnder(root.path()), expected);
+        }
     }
 };
 

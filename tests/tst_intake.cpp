@@ -10,6 +10,7 @@
 #include "platform/sharedwindow.h"
 #include "preview/imagecanvas.h"
 #include "support/dropfiles.h"
+#include "support/pagebytes.h"
 #include "support/testenvironment.h"
 #include "support/testpictures.h"
 
@@ -163,6 +164,41 @@ private slots:
         QCOMPARE(catalogue.cell(catalogue.selectedRow(), CatalogueRow::Caption) +
                      settings.headTitle + settings.title + settings.subtitle,
                  longText.repeated(4));
+    }
+
+    // A new picture's caption is its first usable description; a restored one wins, even empty.
+    void picturesBringTheirOwnDescriptions() {
+        const QString folder = dir.filePath("Described");
+        const char *xmp = "Xmp.dc.description", *iptc = "Iptc.Application2.Caption",
+                   *exif = "Exif.Image.ImageDescription";
+        // Each case: the picture, what its file says, the caption it comes in with.
+        const std::tuple<QString, QList<std::pair<const char*, QString>>, QString> cases[] = {
+            {"0.jpg", {{xmp, "lang=x-default Dunes"}}, "Mine"},  // both restored from the page
+            {"1.jpg", {{xmp, "lang=x-default Dunes"}}, ""},
+            {"a.jpg", {{xmp, "lang=x-default Glacier"}, {iptc, "Ice"}, {exif, "Snow"}}, "Glacier"},
+            {"b.jpg", {{xmp, "lang=x-default   "}, {iptc, "Harbour"}, {exif, "Snow"}}, "Harbour"},
+            {"c.jpg", {{xmp, "lang=x-default OLYMPUS DIGITAL CAMERA"}, {exif, "Cliffs"}}, "Cliffs"},
+            {"d.jpg", {{exif, "SONY DSC"}}, ""},
+            {"e.jpg", {{"Exif.Image.Model", "DMC-GX80"}, {exif, "DMC-GX80   "}}, ""},
+            {"f.jpg", {{exif, "Café"}}, "Café"},
+            {"g.jpg", {}, ""},
+        };
+        QDir().mkpath(folder);
+        QStringList expected;
+        for (const auto& [name, fields, caption] : cases) {
+            writeBytes(folder + "/" + name, encoded(QImage(4, 3, QImage::Format_RGB32), "JPEG"));
+            describe(folder + "/" + name, fields);
+            expected << name + "|" + caption;
+        }
+        writeBytes(folder + "/index.html", pageBytes({{}, {{"0.jpg", "Mine"}, {"1.jpg", ""}}}));
+        catalogue.removeAll();
+        TestEnvironment::dialogs().answers.enqueue(true);
+        dropOn(&window, {QUrl::fromLocalFile(folder)});
+        QStringList rows;
+        for (int row = 0; row < catalogue.imageCount(); ++row)
+            rows << catalogue.cell(row, CatalogueRow::FileName) + "|" +
+                        catalogue.cell(row, CatalogueRow::Caption);
+        QCOMPARE(rows, expected);
     }
 
     // Qt's own removal cannot reach a name that is not UTF-8.

@@ -43,6 +43,7 @@ void CatalogueRow::setCell(int column, const QString& text) {
             break;
         case Caption:
             caption = text;
+            captionInFile = false;
             break;
         default:
             break;  // no other column holds anything

@@ -12,6 +12,8 @@ struct CatalogueRow {
     QString imageWidth;  // pixels, as decimal text
     QString imageHeight;
     QString caption;  // never shown in the list
+    // The caption is still to be read from the picture's own description (see ImageCatalogue).
+    bool captionInFile = false;
 
     enum Column { ListName, FileName, Path, Type, Width, Height, Caption = 7 };
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/nativename.h"
+#include "platform/photodescription.h"
 #include "platform/text.h"
 
 namespace {
@@ -34,7 +35,24 @@ void ImageCatalogue::addRow(const QString& pictureName) {
 
 QString ImageCatalogue::cell(int row, int column) const {
     if (row < 0 || row >= imageCount()) return {};
+    if (column == CatalogueRow::Caption) readCaptionFromFile(row);
     return rows_[row].cell(column);
+}
+
+const QList<CatalogueRow>& ImageCatalogue::rows() const {
+    for (int row = 0; row < imageCount(); ++row) readCaptionFromFile(row);
+    return rows_;
+}
+
+void ImageCatalogue::takeCaptionFromFile(int row) {
+    if (row >= 0 && row < imageCount()) rows_[row].captionInFile = true;
+}
+
+void ImageCatalogue::readCaptionFromFile(int row) const {
+    CatalogueRow& entry = rows_[row];
+    if (!entry.captionInFile) return;
+    entry.caption = photoDescription(entry.imagePath);
+    entry.captionInFile = false;
 }
 
 void ImageCatalogue::setCell(int row, int column, const QString& text) {

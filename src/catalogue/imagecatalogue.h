@@ -37,7 +37,12 @@ public:
     void removeImageAt(int row);
     void removeAll();
 
-    const QList<CatalogueRow>& rows() const { return rows_; }
+    // Every row, each caption that is still in its file read.
+    const QList<CatalogueRow>& rows() const;
+    // Gives `row` its picture's own description as its caption. Reading it costs more than the
+    // header the row was made from, so it is read when the caption is first asked for; a caption
+    // set before then wins.
+    void takeCaptionFromFile(int row);
     QItemSelectionModel* selectionModel() { return &selection_; }
 
     // Moves the given rows, in their order, to stand before `destination` (a row index of the
@@ -84,7 +89,11 @@ private:
     void clampLastIndex();
     void makeCurrentSoon(const QModelIndex& row);
 
-    QList<CatalogueRow> rows_;
+    // Reading a caption from its file completes a row, so it happens also where the rows are only
+    // read.
+    void readCaptionFromFile(int row) const;
+
+    mutable QList<CatalogueRow> rows_;
     int lastIndex_ = -1;
     QItemSelectionModel selection_;
     // Set while the catalogue itself changes the selection and notifies on its own terms.

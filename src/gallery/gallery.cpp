@@ -12,21 +12,34 @@
 #include "page/colournames.h"
 #include "page/galleryreader.h"
 #include "platform/picture.h"
+#include "platform/specialfolders.h"
 #include "platform/text.h"
 
 namespace {
 
-// The colour popups' own spelling of `colour`, matched ignoring case; `current` for a colour they
-// do not list (a page edited by hand).
+// The colour list's own spelling of `colour`; `current` for a colour it does not hold (a page
+// edited by hand).
 QString listedColour(const QString& colour, const QString& current) {
-    for (const QString& name : galleryColourNames())
-        if (name.compare(colour, Qt::CaseInsensitive) == 0) return name;
-    return current;
+    const QString listed = listedColourName(colour);
+    return listed.isEmpty() ? current : listed;
+}
+
+// What every gallery starts with, in the window and on the command line alike.
+GallerySettings firstSettings() {
+    GallerySettings settings;
+    settings.pageFileName = QStringLiteral("index.html");
+    settings.headTitle =
+        QFileInfo(SpecialFolder::UserHome()).fileName() + QStringLiteral("'s photo gallery");
+    settings.backgroundColour = QStringLiteral("Black");
+    settings.titleColour = QStringLiteral("White");
+    settings.captionColour = QStringLiteral("White");
+    settings.fullWidth = true;
+    return settings;
 }
 
 }  // namespace
 
-Gallery::Gallery(QObject* parent) : QObject(parent) {}
+Gallery::Gallery(QObject* parent) : QObject(parent), settings_(firstSettings()) {}
 
 void Gallery::openFolder(const QString& item) {
     const bool emptyList = images_.imageCount() == 0;
@@ -58,6 +71,7 @@ void Gallery::addImagesOf(const QString& folder) {
             images_.setCell(row, CatalogueRow::Type, imageTypeOfExtension(item.suffix()));
             images_.setCell(row, CatalogueRow::Width, QString::number(picture->width()));
             images_.setCell(row, CatalogueRow::Height, QString::number(picture->height()));
+            images_.takeCaptionFromFile(row);
         }
         updateList();
     }

@@ -20,6 +20,7 @@ public:
 
     ImageCatalogue& images() { return images_; }
     const ImageCatalogue& images() const { return images_; }
+    // The settings of its page; a new gallery has those every start begins with.
     const GallerySettings& settings() const { return settings_; }
     // The settings as the user edited them.
     void setSettings(const GallerySettings& settings) { settings_ = settings; }

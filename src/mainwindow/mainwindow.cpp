@@ -23,7 +23,6 @@
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/sharedwindow.h"
-#include "platform/specialfolders.h"
 #include "platform/text.h"
 #include "preferences/preferences.h"
 #include "preferences/preferenceswindow.h"
@@ -118,12 +117,16 @@ void MainWindow::connectHandlers() {
     connect(ui_->helpButton, &QToolButton::clicked, this, &MainWindow::showHelp);
     connect(&gallery_, &Gallery::settingsChanged, this, &MainWindow::showSettings);
     connect(&gallery_, &Gallery::listUpdated, this, &MainWindow::showListProgress);
-    connect(&gallery_, &Gallery::intakeStarted, this,
-            [] { sharedInstance<ProgressWindow>()->showForWalk(); });
-    connect(&gallery_, &Gallery::intakeFinished, this, [] {
+    connect(&gallery_, &Gallery::intakeStarted, this, [this] {
+        walking_ = true;
+        sharedInstance<ProgressWindow>()->showForWalk();
+    });
+    connect(&gallery_, &Gallery::intakeFinished, this, [this] {
         ProgressWindow* progress = sharedInstance<ProgressWindow>();
         progress->refresh(ProgressWindow::Repaint::Now);
         progress->hideAfterWalk();
+        walking_ = false;
+        showSelectedImage();
     });
 }
 
@@ -135,7 +138,7 @@ void MainWindow::connectSettingFields() {
         connect(popup, &QComboBox::currentTextChanged, this, &MainWindow::storeSettings);
     for (QCheckBox* box : {ui_->fullWidthCheckBox, ui_->selfContainedCheckBox})
         connect(box, &QCheckBox::toggled, this, &MainWindow::storeSettings);
-    storeSettings();
+    showSettings();
 }
 
 void MainWindow::storeSettings() {
@@ -157,7 +160,8 @@ void MainWindow::storeSettings() {
 void MainWindow::showSettings() {
     const GallerySettings& settings = gallery_.settings();
     const QScopedValueRollback showing(showingSettings_, true);
-    ui_->folderField->setText(settings.folder);
+    // Until a folder comes in, the field asks for one.
+    if (!settings.folder.isEmpty()) ui_->folderField->setText(settings.folder);
     ui_->pageFileNameField->setText(settings.pageFileName);
     ui_->headTitleField->setText(settings.headTitle);
     ui_->titleField->setText(settings.title);
@@ -177,8 +181,6 @@ void MainWindow::fillFromPreferences() {
     // The sheet does not hold up the rest of the opening.
     if (preferences_.openAtStart)
         sharedInstance<PreferencesWindow>(preferences_)->showAsSheetOver(this);
-    const QString userName = QFileInfo(SpecialFolder::UserHome()).fileName();
-    ui_->headTitleField->setText(userName + QStringLiteral("'s photo gallery"));
 }
 
 ImageCanvas* MainWindow::imageCanvas() const {
@@ -188,9 +190,6 @@ ImageCanvas* MainWindow::imageCanvas() const {
 void MainWindow::fillColourPopups() {
     for (QComboBox* popup : {ui_->backgroundColourBox, ui_->titleColourBox, ui_->captionColourBox})
         popup->addItems(galleryColourNames());
-    ui_->backgroundColourBox->setCurrentIndex(0);
-    ui_->titleColourBox->setCurrentIndex(1);
-    ui_->captionColourBox->setCurrentIndex(1);
 }
 
 void MainWindow::installMenus() {
@@ -230,7 +229,7 @@ void MainWindow::setUpList() {
 void MainWindow::showSelectedImage() {
     const ImageCatalogue& images = gallery_.images();
     const int row = images.selectedRow();
-    if (row < 0) return;
+    if (row < 0 || walking_) return;
     QStringList neighbours;
     // The next row first: a walk through the list goes down more often than up.
     for (const int next : {row + 1, row - 1})

@@ -79,4 +79,7 @@ private:
     std::unique_ptr<Ui::MainWindow> ui_;
     // Set while the fields show the gallery's settings, which are then not stored back.
     bool showingSettings_ = false;
+    // A folder is being walked: each new row is selected in turn, and only the row selected at
+    // the end is shown, so that no caption is read from its file on the way.
+    bool walking_ = false;
 };

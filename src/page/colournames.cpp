@@ -153,3 +153,9 @@ const QStringList& galleryColourNames() {
     };
     return names;
 }
+
+QString listedColourName(const QString& colour) {
+    for (const QString& name : galleryColourNames())
+        if (name.compare(colour, Qt::CaseInsensitive) == 0) return name;
+    return {};
+}

@@ -14,7 +14,8 @@ else
     cpack -G DEB --config "$build/CPackConfig.cmake" -B "$work" >/dev/null
     deb=$(echo "$work"/*.deb)
     dpkg-deb --info "$deb" && dpkg-deb --contents "$deb"
-    dpkg-deb --field "$deb" Depends | grep -q 'libqt6widgets6' # dpkg-shlibdeps found the libraries
+    # dpkg-shlibdeps found the libraries, and the named one is there
+    dpkg-deb --field "$deb" Depends | grep 'libqt6widgets6' | grep -q 'libexiv2-27'
     lintian --fail-on error,warning "$deb"
     dpkg-deb -x "$deb" "$root"
 fi
@@ -34,6 +35,6 @@ appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml"
 # What the entry starts and shows is what was installed.
 [ -x "$root/usr/bin/$(sed -n 's/^Exec=\([^ ]*\).*/\1/p' "$desktop")" ]
 [ -f "$share/icons/hicolor/scalable/apps/$(sed -n 's/^Icon=//p' "$desktop").svg" ]
-export QT_QPA_PLATFORM=offscreen
+unset QT_QPA_PLATFORM DISPLAY WAYLAND_DISPLAY  # neither needs a display
 [ "$("$root/usr/bin/velmora" --version)" = "Velmora $version" ]
 "$root/usr/bin/velmora" --help | grep -q 'FOLDER'

@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QtEndian>
 #include <cstdio>
+#include <exiv2/exiv2.hpp>
 
 #include "platform/nativename.h"
 
@@ -45,6 +46,17 @@ QByteArray exifWithOrientation(int orientation) {
            QByteArray(6, '\0');
 }
 }  // namespace
+
+void describe(const QString& path, const QList<std::pair<const char*, QString>>& fields) {
+    const auto image = Exiv2::ImageFactory::open(path.toStdString());
+    for (const auto& [key, value] : fields) {
+        const QByteArray family = QByteArray(key).left(4);
+        if (family == "Xmp.") image->xmpData()[key] = value.toStdString();
+        if (family == "Iptc") image->iptcData()[key] = value.toStdString();
+        if (family == "Exif") image->exifData()[key] = value.toStdString();
+    }
+    image->writeMetadata();
+}
 
 QByteArray jpegWithOrientation(const QImage& image, int orientation) {
     const QByteArray exif = "Exif" + QByteArray(2, '\0') + exifWithOrientation(orientation);

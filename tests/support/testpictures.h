@@ -2,8 +2,10 @@
 
 #include <QEvent>
 #include <QImage>
+#include <QList>
 #include <QObject>
 #include <QStringList>
+#include <utility>
 
 // A picture with noise over gradients and shapes, so that an encoder and a decoder have real
 // detail to deal with, as in a photo. The same seed gives the same picture.
@@ -18,6 +20,9 @@ void writeBytes(const QString& path, const QByteArray& bytes);
 // `image` as a JPEG whose EXIF orientation tag (1 to 8) tells a viewer how to turn it upright, as
 // a phone stores a portrait shot.
 QByteArray jpegWithOrientation(const QImage& image, int orientation);
+// Writes `fields` into the picture's file at `path`, each an Exiv2 key ("Xmp.dc.description") and
+// its value as Exiv2 reads it ("lang=x-default Dunes"); Exiv2 throws when it cannot.
+void describe(const QString& path, const QList<std::pair<const char*, QString>>& fields);
 // The same as a PNG with an eXIf chunk, which browsers honour as well.
 QByteArray pngWithOrientation(const QImage& image, int orientation);
 
