@@ -16,6 +16,8 @@ QString CatalogueRow::cell(int column) const {
             return imageHeight;
         case Caption:
             return caption;
+        case Format:
+            return format;
         default:
             return {};
     }
@@ -43,6 +45,9 @@ void CatalogueRow::setCell(int column, const QString& text) {
             break;
         case Caption:
             caption = text;
+            break;
+        case Format:
+            format = text;
             break;
         default:
             break;  // no other column holds anything

@@ -12,8 +12,9 @@ struct CatalogueRow {
     QString imageWidth;  // pixels, as decimal text
     QString imageHeight;
     QString caption;  // never shown in the list
+    QString format;   // as the picture's reader named it from the content: "jpeg", "tiff"
 
-    enum Column { ListName, FileName, Path, Type, Width, Height, Caption = 7 };
+    enum Column { ListName, FileName, Path, Type, Width, Height, Caption = 7, Format };
 
     QString cell(int column) const;
     void setCell(int column, const QString& text);

@@ -39,7 +39,8 @@ int main(int argc, char** argv) {
 
     QList<CatalogueRow> rows;
     for (const QJsonValue& image : gallery["images"].toArray()) {
-        rows.append({{}, image["file"].toString(), {}, {}, {}, {}, image["caption"].toString()});
+        rows.append(
+            {{}, image["file"].toString(), {}, {}, {}, {}, image["caption"].toString(), {}});
         if (!writeImage(folder.filePath(rows.last().originalName), image))
             qFatal("cannot write the image %s", qPrintable(rows.last().originalName));
     }
