@@ -71,7 +71,8 @@ private slots:
             {"Start & <end>", "jpeg", "Start & <end>"},
             {"", "tiff", "No caption yet\nWeb browsers will not show this TIFF picture."},
             {"Dunes", "pgm", "Dunes\nWeb browsers will not show this PGM picture."},
-            {"x", "webp", "x"}};
+            {"x", "webp", "x"},
+            {QString(150, 'w'), "jpeg", QString(99, 'w') + "\u2026"}};
         ImageCatalogue catalogue;
         QTextDocument shown;
         for (const auto& [caption, format, tooltip] : cases) {

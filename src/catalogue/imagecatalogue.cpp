@@ -202,14 +202,21 @@ QVariant ImageCatalogue::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
     if (role == Qt::DisplayRole) return nativeName::shown(cell(index.row(), index.column()));
     // Hovering tells the captioned rows from the others. Always rich text, so that a caption's
-    // own "<" and "&" show as typed, and a long one wraps.
+    // own "<" and "&" show as typed; unwrapped, as a wrapping tooltip is squeezed narrow, and so a
+    // long caption is cut short.
+    static constexpr int kLongest = 100;
     const CatalogueRow& row = rows_[index.row()];
-    QString tip = row.caption.isEmpty() ? QStringLiteral("<i>No caption yet</i>")
-                                        : row.caption.toHtmlEscaped();
+    QString caption = row.caption;
+    if (caption.size() > kLongest) {
+        caption.truncate(caption.at(kLongest - 2).isHighSurrogate() ? kLongest - 2 : kLongest - 1);
+        caption += u'\u2026';
+    }
+    QString tip =
+        caption.isEmpty() ? QStringLiteral("<i>No caption yet</i>") : caption.toHtmlEscaped();
     if (!browsersShow(row.format))
         tip += QStringLiteral("<br>Web browsers will not show this %1 picture.")
                    .arg(row.format.toUpper().toHtmlEscaped());
-    return QStringLiteral("<p>%1</p>").arg(tip);
+    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(tip);
 }
 
 QVariant ImageCatalogue::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -319,7 +319,7 @@ bool MainWindow::startNewGallery(const QString& folder) {
             "The list holds the gallery of the folder \"%1\".\r\rStart a new gallery from "
             "\"%2\", or add its images to this one? Its page could not show images "
             "from elsewhere.")
-            .arg(gallery_.settings().folder, folder),
+            .arg(QDir::cleanPath(gallery_.settings().folder), folder),
         QStringLiteral("Start a new gallery"), QStringLiteral("Add its images"));
 }
 
