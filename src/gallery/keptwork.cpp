@@ -13,13 +13,17 @@
 
 namespace {
 
-// Names go in as their bytes, percent-encoded: JSON text cannot hold a name that is not UTF-8.
+// Names go in as text. JSON text cannot hold a name that is not UTF-8: such a name goes in as its
+// bytes, percent-encoded behind a "%", as does a name that begins with one.
 QString nameText(const QString& name) {
-    return QString::fromLatin1(nativeName::toBytes(name).toPercentEncoding("/"));
+    if (!nativeName::keepsBytes(name) && !name.startsWith(u'%')) return name;
+    return u'%' + QString::fromLatin1(nativeName::toBytes(name).toPercentEncoding("/"));
 }
 
-QString nameOf(const QJsonValue& text) {
-    return nativeName::fromBytes(QByteArray::fromPercentEncoding(text.toString().toLatin1()));
+QString nameOf(const QJsonValue& value) {
+    const QString text = value.toString();
+    if (!text.startsWith(u'%')) return text;
+    return nativeName::fromBytes(QByteArray::fromPercentEncoding(text.mid(1).toLatin1()));
 }
 
 QString directory() {

@@ -23,6 +23,7 @@
 #include "platform/designfonts.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
+#include "platform/nativename.h"
 #include "platform/sharedwindow.h"
 #include "platform/specialfolders.h"
 #include "platform/text.h"
@@ -54,10 +55,11 @@ void acceptAsCopy(QDropEvent* event) {
     }
 }
 
-// The first names of a long list, and how many more there are.
+// The first names of a long list, as a person reads them, and how many more there are.
 QString someOf(const QStringList& names, const QString& separator) {
     static constexpr int kNamesShown = 10;
-    QString shown = names.first(std::min<qsizetype>(names.size(), kNamesShown)).join(separator);
+    QString shown = nativeName::shown(
+        names.first(std::min<qsizetype>(names.size(), kNamesShown)).join(separator));
     if (names.size() > kNamesShown)
         shown += separator + QStringLiteral("and %1 more").arg(names.size() - kNamesShown);
     return shown;
@@ -319,7 +321,8 @@ bool MainWindow::startNewGallery(const QString& folder) {
             "The list holds the gallery of the folder \"%1\".\r\rStart a new gallery from "
             "\"%2\", or add its images to this one? Its page could not show images "
             "from elsewhere.")
-            .arg(QDir::cleanPath(gallery_.settings().folder), folder),
+            .arg(nativeName::shown(QDir::cleanPath(gallery_.settings().folder)),
+                 nativeName::shown(folder)),
         QStringLiteral("Start a new gallery"), QStringLiteral("Add its images"));
 }
 
@@ -328,7 +331,7 @@ bool MainWindow::bringBackWork(const QString& folder, int images, int captions) 
         QStringLiteral("Velmora kept the work on the gallery of \"%1\" that no page holds yet: "
                        "%2 images, %3 of them captioned, with the page's settings.\r\rBring it "
                        "back? No lets it go.")
-            .arg(folder)
+            .arg(nativeName::shown(folder))
             .arg(images)
             .arg(captions));
 }
@@ -354,7 +357,7 @@ bool MainWindow::replaceVelmoraPage(const QString& pageFileName) {
     return platform::askChoice(
         QStringLiteral("\"%1\" is the page of a gallery that was not reopened here: writing "
                        "replaces it, and its captions are lost.\r\rReplace it?")
-            .arg(pageFileName),
+            .arg(nativeName::shown(pageFileName)),
         QStringLiteral("Replace"), QStringLiteral("Don't write"));
 }
 
@@ -403,7 +406,7 @@ void MainWindow::writePage() {
         platform::tell(
             QStringLiteral("The gallery page was written, but no web browser could be started to "
                            "show it. It is here:\r") +
-            QDir::toNativeSeparators(result.path));
+            nativeName::shown(QDir::toNativeSeparators(result.path)));
     else if (!result.ok && !result.error.isEmpty())
         platform::tell(QStringLiteral("The gallery page could not be written.\r") + result.error);
 }
