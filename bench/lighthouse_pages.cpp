@@ -87,7 +87,8 @@ int main(int argc, char** argv) {
         if (!image.save(folder.filePath(name), "JPEG", 80))
             qFatal("cannot write %s", qPrintable(name));
         rows.append({QFileInfo(name).completeBaseName(), name, folder.filePath(name), "JPEG",
-                     QString::number(image.width()), QString::number(image.height()), caption(i)});
+                     QString::number(image.width()), QString::number(image.height()), caption(i),
+                     "jpeg"});
     }
     GallerySettings settings{folder.absolutePath() + "/",
                              "gallery.html",

@@ -1,5 +1,6 @@
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QTextDocument>
 
 #include "catalogue/imagecatalogue.h"
 #include "catalogue/imagetypes.h"
@@ -60,6 +61,28 @@ private slots:
         }
         QCOMPARE(headings, QStringList({"Picture name", "Original name", "Image path", "Image type",
                                         "Width", "Height"}));
+    }
+
+    // Hovering a row shows its caption as typed, or that it has none, and warns of a picture that
+    // browsers do not show, whatever its name.
+    void aRowsTooltipShowsItsCaptionAndWhatBrowsersCannotShow() {
+        const QList<std::tuple<QString, QString, QString>> cases = {
+            {"", "png", "No caption yet"},
+            {"Start & <end>", "jpeg", "Start & <end>"},
+            {"", "tiff", "No caption yet\nWeb browsers will not show this TIFF picture."},
+            {"Dunes", "pgm", "Dunes\nWeb browsers will not show this PGM picture."},
+            {"x", "webp", "x"},
+            {QString(150, 'w'), "jpeg", QString(99, 'w') + "\u2026"}};
+        ImageCatalogue catalogue;
+        QTextDocument shown;
+        for (const auto& [caption, format, tooltip] : cases) {
+            fill(catalogue, "a");
+            catalogue.setCell(catalogue.lastAddedRow(), CatalogueRow::Caption, caption);
+            catalogue.setCell(catalogue.lastAddedRow(), CatalogueRow::Format, format);
+            shown.setHtml(
+                catalogue.index(catalogue.lastAddedRow(), 2).data(Qt::ToolTipRole).toString());
+            QCOMPARE(shown.toPlainText(), tooltip);
+        }
     }
 
     // The program selects one row or none, and the row added last stays an existing row.

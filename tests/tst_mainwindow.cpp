@@ -29,8 +29,6 @@
 #include "support/testpictures.h"
 
 namespace {
-// How a question is answered, where one is asked.
-enum Answer { kNotAsked, kYes, kNo };
 const QString kAsked = QStringLiteral(
     "This folder already has the gallery page \"trip.html\". Restore its captions, order and "
     "settings?");
@@ -96,11 +94,12 @@ class MainWindowTest : public QObject {
             if (!item->isSeparator() && item->isEnabled()) texts << item->text().remove('&');
         return texts.join(", ");
     }
-    QStringList rows() const {
+    QStringList rows(const ImageCatalogue* of = nullptr) const {
+        of = of ? of : catalogue;
         QStringList cells;
-        for (int row = 0; row < catalogue->imageCount(); ++row)
-            cells << catalogue->cell(row, CatalogueRow::FileName) + "|" +
-                         catalogue->cell(row, CatalogueRow::Caption);
+        for (int row = 0; row < of->imageCount(); ++row)
+            cells << of->cell(row, CatalogueRow::FileName) + "|" +
+                         of->cell(row, CatalogueRow::Caption);
         return cells;
     }
     // Hands `item`, in the test folder, over by `road`: a drop, the folder chooser of Ctrl+O, the
@@ -119,6 +118,13 @@ class MainWindowTest : public QObject {
         // The offscreen platform leaves no window active once the progress window has hidden.
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window));
+    }
+    static QString kept() {
+        return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/kept work";
+    }
+    static QByteArray bytesOf(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     QByteArray savedTrip() const {
         menus.writePageItem->trigger();
@@ -156,6 +162,9 @@ private slots:
         // The trip's gallery, made the usual way: rows moved, captions typed, settings chosen.
         writeImages(trip, {"b.png", "a.png", "c.jpg", "d.png"});
         writeImages(dir.filePath("Foreign"), {"z.png"});
+        writeImages(dir.filePath("Odd"), {"a.png", "d.tif"});  // PNG pictures both
+        for (const char* name : {"b.ppm", "c.xpm"})
+            QVERIFY(QImage(4, 3, QImage::Format_RGB32).save(dir.filePath("Odd/") + name));
         writeFile(dir.filePath("Foreign/index.html"), "<html><div id='simpleCarousel'></html>");
         QVERIFY(::mkdir(nativeName::toBytes(dir.filePath(kLatin1)).constData(), 0700) == 0);
         writeBytes(dir.filePath(kLatin1 + "/z.png"),
@@ -184,6 +193,7 @@ private slots:
         control<QComboBox>("backgroundColourBox")->setCurrentIndex(0);
         dialogs.clear();
         TestEnvironment::desktop().clear();
+        QVERIFY(QDir(kept()).removeRecursively());
     }
     void theWindowHasItsSizeAndOpensItsSheets() {
         QCOMPARE(control("centralwidget")->size(), QSize(820, 680));
@@ -246,6 +256,8 @@ private slots:
         button->click();
         menus.writePageItem->trigger();
         QCOMPARE(desktop.launched, QStringList({dir.filePath("index.html")}));
+        desktop.launches = false;  // no browser starts: where the page is is told
+        menus.writePageItem->trigger();
         // Opening the written page fails deep in the button's handler; a timer throws anything.
         desktop.onLaunch = [](const QString&) { throw std::runtime_error("no browser <here>"); };
         catalogue->selectRow(0);
@@ -255,8 +267,12 @@ private slots:
             "Oooops...\rIn order to create the page with the galley, you must first add the folder "
             "with the images you have carefully chosen.";
         const QString shown = "Velmora ran into an unexpected error and carried on.";
+        const QString browserless =
+            "The gallery page was written, but no web browser could be "
+            "started to show it. It is here:\r" +
+            dir.filePath("index.html");
         QTRY_COMPARE(dialogs.messages,
-                     QStringList({oops, oops, shown + "\rno browser <here>", shown}));
+                     QStringList({oops, oops, browserless, shown + "\rno browser <here>", shown}));
     }
     // Unasked, a button only beeps; answered No, its question changes nothing.
     void bothButtonsAskBeforeTakingRowsOut() {
@@ -368,34 +384,38 @@ private slots:
             if (auto* field = qobject_cast<QLineEdit*>(target)) QVERIFY(!field->isUndoAvailable());
         }
     }
-    // Each case: how the items come in, the answer to the question (if one is expected) and the
-    // rows; no rows: the item is refused with a word.
+    // Each case: how the items come in, the answers to the questions asked (upper case: to restore
+    // the page; lower case: to start a new gallery rather than add) and the rows; no rows: the item
+    // is refused with a word.
     void aFolderOnAnEmptyListOffersItsPage() {
         const QStringList z = {"z.png|"};
-        const std::tuple<const char*, QString, int, QStringList> cases[] = {
-            {"drop", "Trip", kYes, kRestored},
-            {"drop", "Trip", kNo, kPlain},
-            {"drop", "Trip/trip.html", kNotAsked, kRestored},
-            {"drop", "Foreign Trip", kNotAsked, z + kPlain},  // a filled list
-            {"drop", "Foreign", kNotAsked, z},                // another program's page
-            {"drop", "Foreign Foreign", kNotAsked, z + z},
-            {"argument", "Trip", kYes, kRestored},
-            {"argument", "Trip/", kNo, kPlain},
-            {"argument", "gone", kNotAsked, {}},
-            {"argument", kLatin1, kNotAsked, z},
-            {"event", "Trip", kNo, kPlain},
-            {"event", "Trip/a.png", kNotAsked, {}},
-            {"Ctrl+O", "Trip", kYes, kRestored},
+        const std::tuple<const char*, QString, QString, QStringList> cases[] = {
+            {"drop", "Trip", "Y", kRestored},
+            {"drop", "Trip", "N", kPlain},
+            {"drop", "Trip/trip.html", "", kRestored},
+            {"drop", "Foreign Trip", "n", z + kPlain},
+            {"drop", "Foreign Trip/trip.html", "y", kRestored},
+            {"drop", "Trip Foreign", "Ny", z},
+            {"drop", "Foreign", "", z},  // another program's page
+            {"drop", "Foreign Foreign", "", z + z},
+            {"argument", "Trip", "Y", kRestored},
+            {"argument", "Trip/", "N", kPlain},
+            {"argument", "gone", "", {}},
+            {"argument", kLatin1, "", z},
+            {"event", "Trip", "N", kPlain},
+            {"event", "Trip/a.png", "", {}},
+            {"Ctrl+O", "Foreign Trip", "yY", kRestored},
         };
         CapturedErrors quiet;  // a second folder ends the run
         QCOMPARE(readCommandLine({"velmora", "Trip", "more"}).exitCode, 1);
-        for (const auto& [road, items, answer, expected] : cases) {
+        for (const auto& [road, items, answers, expected] : cases) {
             init();
-            dialogs.answers.enqueue(answer == kYes);
+            for (const QChar answer : answers) dialogs.answers.enqueue(answer.toLower() == 'y');
             CapturedErrors errors;
             for (const QString& item : items.split(' ')) hand(road, item);
-            QCOMPARE(dialogs.questions.size(), answer ? 1 : 0);
-            QVERIFY(!answer || dialogs.questions[0] == kAsked);
+            QCOMPARE(dialogs.questions.size(), answers.size());
+            for (int i = 0; i < answers.size(); ++i)
+                QCOMPARE(dialogs.questions[i] == kAsked, answers[i].isUpper());
             QCOMPARE(rows(), expected);
             QVERIFY(dialogs.messages.isEmpty());
             const QString error = QString::fromStdString(errors.text.str());
@@ -424,6 +444,84 @@ private slots:
             "The gallery page could not be written.\rThe page name must be a plain file name"));
         QVERIFY(TestEnvironment::desktop().launched.isEmpty());
     }
+    // No page is written with images it cannot show unless the user agrees, nor over a page of ours
+    // that holds another gallery's captions.
+    void writingAsksFirstWhatThePageWouldLose() {
+        const QString unshown =
+            "2 images will not show in web browsers: b.ppm, c.xpm\r\rWrite the "
+            "page anyway?";
+        const QString elsewhere =
+            "1 images are not in the gallery's folder, so the page could not "
+            "show them:\r" +
+            dir.filePath("Foreign/z.png") +
+            "\r\rTake them out of the list and write the page without them?";
+        const QString ours =
+            "\"index.html\" is the page of a gallery that was not reopened here: "
+            "writing replaces it, and its captions are lost.\r\rReplace it?";
+        writeImages(dir.filePath("Other"), {"o.png"});
+        writeFile(dir.filePath("Other/index.html"), pageBytes({{}, {{"o.png", "Theirs"}}}));
+        // Each case: the folders handed, the answers when handing them and when writing, the
+        // page's name, the question the write asks, the files the page shows (none: no page).
+        const std::tuple<QString, QString, QString, QString, QString> cases[] = {
+            {"Odd", "N", "index.html", unshown, ""},
+            {"Odd", "Y", "index.html", unshown, "a.png b.ppm c.xpm d.tif"},
+            {"Foreign Trip", "nN", "new.html", elsewhere, ""},
+            {"Foreign Trip", "nY", "new.html", elsewhere, "a.png b.png c.jpg d.png"},
+            {"Other", "NN", "index.html", ours, ""},
+        };
+        for (const auto& [folders, answers, name, question, shown] : cases) {
+            init();
+            for (const QChar answer : answers) dialogs.answers.enqueue(answer.toLower() == 'y');
+            for (const QString& folder : folders.split(' ')) hand("drop", folder);
+            control<QLineEdit>("pageFileNameField")->setText(name);
+            const QString path = gallery.settings().folder + name;
+            const QByteArray before = bytesOf(path);
+            menus.writePageItem->trigger();
+            QCOMPARE(dialogs.questions.value(answers.size() - 1), question);
+            QStringList slides;
+            for (const PageSlide& slide :
+                 readGalleryPage(bytesOf(path)).value_or(GalleryPage()).slides)
+                slides << slide.fileName;
+            QVERIFY(shown.isEmpty() ? bytesOf(path) == before : slides.join(' ') == shown);
+        }
+    }
+    // Unwritten work is kept in the program's own folder within a second, and offered back at the
+    // next start or when its folder is opened; a written page or an emptied list ends it.
+    void unwrittenWorkSurvivesTheWindow() {
+        const QStringList edited = {"d.png|", "a.png|One", "b.png|Two", "c.jpg|"};
+        // Each case: what ends the work, where it is offered, the answer, the rows then.
+        const std::tuple<QString, QString, QString, QStringList> cases[] = {
+            {"", "start", "Y", edited},
+            {"", "open", "Y", edited},
+            {"", "start", "N", {}},
+            {"written", "start", "", {}},
+            {"cleared", "start", "", {}}};
+        for (const auto& [end, offer, answer, expected] : cases) {
+            init();
+            hand("drop", "Trip");  // not restored
+            auto* field = control<QLineEdit>("captionField");
+            QTest::keyClicks(field, "One");
+            QTest::keyClick(field, Qt::Key_Down);
+            QTest::keyClicks(field, "Two");
+            catalogue->moveRowsTo({3}, 0);
+            control<QLineEdit>("titleField")->setText("Holiday");
+            QTRY_COMPARE(QDir(kept()).entryList(QDir::Files).size(), 1);
+            if (end == "written") menus.writePageItem->trigger();
+            dialogs.answers.enqueue(true);
+            if (end == "cleared") control<QAbstractButton>("clearListButton")->click();
+            QTRY_COMPARE(QDir(kept()).entryList(QDir::Files).size(), end.isEmpty() ? 1 : 0);
+            // The next start, in another window.
+            Gallery next;
+            MainWindow window(next, App::instance()->preferences(), menus);
+            dialogs.clear();
+            dialogs.answers.enqueue(answer == "Y");
+            offer == "start" ? next.offerKeptWork() : next.openFolder(trip);
+            QCOMPARE(dialogs.questions.size(), answer.size());
+            QCOMPARE(rows(&next.images()), expected);
+            QCOMPARE(next.settings() == gallery.settings(), !expected.isEmpty());
+            QCOMPARE(QDir(kept()).entryList(QDir::Files).size(), expected.isEmpty() ? 0 : 1);
+        }
+    }
     // Of several pages the newest of ours counts; gone images are named, new ones follow.
     void imagesGoneAndAddedSinceTheNewestPage() {
         const QString later = dir.filePath("Later");
@@ -449,6 +547,7 @@ private slots:
         QVERIFY(gallery.settings() == page.settings);
         QStringList told = {"12 images of the page are no longer in the folder."};
         for (int i = 1; i <= 10; ++i) told << QString("gone %1.jpg").arg(i);
+        told << "and 2 more";
         QCOMPARE(dialogs.messages, QStringList({told.join('\r')}));
     }
     // Tab leaves the list, and goes round the visible controls in the order of the design.
@@ -460,12 +559,19 @@ private slots:
         const bool selfContained = !gallery.settings().selfContained;  // Space turns it over
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
         QVERIFY(tabTo("captionField", visited));
-        QTest::keyClicks(QApplication::focusWidget(), "First");
+        // Type, Down, type: the caption field keeps the focus, and the ends of the list hold.
+        auto* field = control<QLineEdit>("captionField");
+        const std::pair<QList<Qt::Key>, const char*> steps[] = {
+            {{}, "First"},
+            {{Qt::Key_Down, Qt::Key_Up, Qt::Key_Up, Qt::Key_Down}, "Second"},
+            {{Qt::Key_Down, Qt::Key_Down, Qt::Key_Down}, "Last"}};
+        for (const auto& [keys, typed] : steps) {
+            for (const Qt::Key key : keys) QTest::keyClick(field, key);
+            QTest::keyClicks(field, typed);
+        }
+        QCOMPARE(QApplication::focusWidget(), field);
+        QTest::keyClick(field, Qt::Key_S, Qt::ControlModifier);
         QVERIFY(tabTo("imageList", visited));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-        QVERIFY(tabTo("captionField", visited));
-        QTest::keyClicks(QApplication::focusWidget(), "Second");
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
         visited.removeDuplicates();
         QCOMPARE(visited.join(' '),
                  "imageList clearListButton removeImagesButton pageFileNameField headTitleField "
@@ -476,8 +582,9 @@ private slots:
                  "writePageButton helpButton folderField");
         const auto page = readGalleryPageFile(trip + "/index.html");
         QVERIFY(page);
-        QCOMPARE(page->page.slides.first(2),
-                 QList<PageSlide>({{"a.png", "First"}, {"b.png", "Second"}}));
+        QCOMPARE(page->page.slides,
+                 QList<PageSlide>(
+                     {{"a.png", "First"}, {"b.png", "Second"}, {"c.jpg", ""}, {"d.png", "Last"}}));
         QCOMPARE(page->page.settings.selfContained, selfContained);
     }
     // Last: closing is never refused. It takes the program's own leftover off the Desktop, never a

@@ -66,7 +66,7 @@ void App::connectMenuItems() {
     connect(menuBar_->restoreNamesItem, &QAction::triggered, &gallery_,
             &Gallery::restoreOriginalNames);
     connect(menuBar_->openFolderItem, &QAction::triggered, this, &App::openChosenFolder);
-    // Quitting asks nothing: nothing of a gallery is kept but its page.
+    // Quitting asks nothing: the gallery keeps its unwritten work by itself.
     connect(menuBar_->quitItem, &QAction::triggered, this, &QCoreApplication::quit);
 }
 
@@ -74,6 +74,10 @@ void App::start() {
     mainWindow_ = new MainWindow(gallery_, preferences_, *menuBar_);
     mainWindow_->fillFromPreferences();
     mainWindow_->show();
+    // Once the window is up, as for a folder.
+    QTimer::singleShot(0, this, [this] {
+        if (mainWindow_) gallery_.offerKeptWork();
+    });
 }
 
 void App::openFolder(const QString& path) {

@@ -20,7 +20,8 @@ public:
 
     static App* instance() { return static_cast<App*>(QCoreApplication::instance()); }
 
-    // The rest of the start: the main window, which fills its fields.
+    // The rest of the start: the main window, which fills its fields, and then the offer of the
+    // work kept last.
     void start();
     // Takes `path` the road of a dropped folder once the main window is open. Anything but an
     // existing folder is refused with a word on standard error, and the list stays as it is.

@@ -37,13 +37,40 @@ public:
         : report_(report), replace_(replace) {}
 
     bool restorePage(const QString&) override { return true; }
-    bool replaceOtherPage(const QString&) override { return replace_; }
+    bool replaceOtherPage(const QString& pageFileName) override {
+        return replace_ || declined(pageFileName, "already exists and was not written by Velmora");
+    }
+    bool replaceVelmoraPage(const QString& pageFileName) override {
+        return replace_ || declined(pageFileName, "is the page of another Velmora gallery");
+    }
     void imagesMissing(const QStringList& fileNames) override {
         report_.problem(QStringLiteral("left out, no longer in the folder: ") +
                         fileNames.join(QStringLiteral(", ")));
     }
+    // Written as the window's default answer has it, and said.
+    bool writeUnshownImages(const QStringList& fileNames) override {
+        report_.problem(QStringLiteral("%1 images will not show in web browsers: %2")
+                            .arg(fileNames.size())
+                            .arg(fileNames.join(QStringLiteral(", "))));
+        return true;
+    }
+    // Each folder is a gallery of its own, whose list holds only that folder's pictures, and the
+    // work the window kept is left to the window.
+    bool startNewGallery(const QString&) override { return true; }
+    bool bringBackWork(const QString&, int, int) override { return false; }
+    bool takeOutImagesElsewhere(const QStringList&) override { return false; }
+
+    // Why the page was not written, where the window would have asked.
+    const QString& declined() const { return declined_; }
 
 private:
+    bool declined(const QString& pageFileName, const char* why) {
+        declined_ =
+            pageFileName + u' ' + QLatin1String(why) + QStringLiteral("; --replace replaces it");
+        return false;
+    }
+
+    QString declined_;
     const FolderReport& report_;
     bool replace_;
 };
@@ -70,7 +97,7 @@ bool writeGallery(const QString& folder, const WriteRequest& request) {
         report.problem(QStringLiteral("not an existing folder"));
         return false;
     }
-    Gallery gallery;
+    Gallery gallery(Gallery::WorkKeeping::Untouched);
     CommandLineAnswers answers(report, request.replace);
     gallery.setQuestions(&answers);
     // Made absolute as text, since QDir would lose the bytes of a name that is not UTF-8.
@@ -87,12 +114,8 @@ bool writeGallery(const QString& folder, const WriteRequest& request) {
         report.written(settings.pageFileName, gallery.images().countText());
         return true;
     }
-    // No error and no page: the one question, about another's page, was answered No.
-    report.problem(!result.error.isEmpty()
-                       ? result.error
-                       : settings.pageFileName +
-                             QStringLiteral(" already exists and was not written by Velmora; "
-                                            "--replace replaces it"));
+    // No error and no page: a question the window would ask was answered No.
+    report.problem(!result.error.isEmpty() ? result.error : answers.declined());
     return false;
 }
 

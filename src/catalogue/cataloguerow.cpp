@@ -16,6 +16,8 @@ QString CatalogueRow::cell(int column) const {
             return imageHeight;
         case Caption:
             return caption;
+        case Format:
+            return format;
         default:
             return {};
     }
@@ -44,6 +46,9 @@ void CatalogueRow::setCell(int column, const QString& text) {
         case Caption:
             caption = text;
             captionInFile = false;
+            break;
+        case Format:
+            format = text;
             break;
         default:
             break;  // no other column holds anything

@@ -12,10 +12,11 @@ struct CatalogueRow {
     QString imageWidth;  // pixels, as decimal text
     QString imageHeight;
     QString caption;  // never shown in the list
+    QString format;   // as the picture's reader named it from the content: "jpeg", "tiff"
     // The caption is still to be read from the picture's own description (see ImageCatalogue).
     bool captionInFile = false;
 
-    enum Column { ListName, FileName, Path, Type, Width, Height, Caption = 7 };
+    enum Column { ListName, FileName, Path, Type, Width, Height, Caption = 7, Format };
 
     QString cell(int column) const;
     void setCell(int column, const QString& text);

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "catalogue/imagetypes.h"
 #include "platform/nativename.h"
 #include "platform/photodescription.h"
 #include "platform/text.h"
@@ -60,6 +61,8 @@ void ImageCatalogue::setCell(int row, int column, const QString& text) {
     rows_[row].setCell(column, text);
     if (column >= 0 && column < kVisibleColumns)
         emit dataChanged(index(row, column), index(row, column));
+    else  // the caption and the format speak in the row's tooltip
+        emit dataChanged(index(row, 0), index(row, kVisibleColumns - 1), {Qt::ToolTipRole});
 }
 
 int ImageCatalogue::selectedRow() const {
@@ -215,8 +218,23 @@ int ImageCatalogue::columnCount(const QModelIndex& parent) const {
 
 QVariant ImageCatalogue::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
-    if (role == Qt::ToolTipRole) return {};  // the list's own tooltip speaks for every row
-    return nativeName::shown(cell(index.row(), index.column()));
+    if (role == Qt::DisplayRole) return nativeName::shown(cell(index.row(), index.column()));
+    // Hovering tells the captioned rows from the others. Always rich text, so that a caption's
+    // own "<" and "&" show as typed; unwrapped, as a wrapping tooltip is squeezed narrow, and so a
+    // long caption is cut short.
+    static constexpr int kLongest = 100;
+    const CatalogueRow& row = rows_[index.row()];
+    QString caption = cell(index.row(), CatalogueRow::Caption);
+    if (caption.size() > kLongest) {
+        caption.truncate(caption.at(kLongest - 2).isHighSurrogate() ? kLongest - 2 : kLongest - 1);
+        caption += u'\u2026';
+    }
+    QString tip =
+        caption.isEmpty() ? QStringLiteral("<i>No caption yet</i>") : caption.toHtmlEscaped();
+    if (!browsersShow(row.format))
+        tip += QStringLiteral("<br>Web browsers will not show this %1 picture.")
+                   .arg(row.format.toUpper().toHtmlEscaped());
+    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(tip);
 }
 
 QVariant ImageCatalogue::headerData(int section, Qt::Orientation orientation, int role) const {

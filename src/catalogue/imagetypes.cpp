@@ -48,3 +48,10 @@ QString imageTypeOfExtension(const QString& extension) {
     }
     return {};
 }
+
+bool browsersShow(const QString& format) {
+    static const QStringList kUnshown = {
+        QStringLiteral("tiff"), QStringLiteral("ppm"), QStringLiteral("pgm"), QStringLiteral("pbm"),
+        QStringLiteral("tga"),  QStringLiteral("xbm"), QStringLiteral("xpm")};
+    return !kUnshown.contains(format, Qt::CaseInsensitive);
+}

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
@@ -22,6 +23,7 @@
 #include "platform/designfonts.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
+#include "platform/nativename.h"
 #include "platform/sharedwindow.h"
 #include "platform/text.h"
 #include "preferences/preferences.h"
@@ -50,6 +52,16 @@ void acceptAsCopy(QDropEvent* event) {
     } else {
         event->acceptProposedAction();
     }
+}
+
+// The first names of a long list, as a person reads them, and how many more there are.
+QString someOf(const QStringList& names, const QString& separator) {
+    static constexpr int kNamesShown = 10;
+    QString shown = nativeName::shown(
+        names.first(std::min<qsizetype>(names.size(), kNamesShown)).join(separator));
+    if (names.size() > kNamesShown)
+        shown += separator + QStringLiteral("and %1 more").arg(names.size() - kNamesShown);
+    return shown;
 }
 
 }  // namespace
@@ -117,6 +129,10 @@ void MainWindow::connectHandlers() {
     connect(ui_->helpButton, &QToolButton::clicked, this, &MainWindow::showHelp);
     connect(&gallery_, &Gallery::settingsChanged, this, &MainWindow::showSettings);
     connect(&gallery_, &Gallery::listUpdated, this, &MainWindow::showListProgress);
+    connect(&gallery_, &Gallery::cleared, this, [this] {
+        infotext::show(ui_->infoLabel, infotext::start());
+        ui_->imageCanvas->showImage({});
+    });
     connect(&gallery_, &Gallery::intakeStarted, this, [this] {
         walking_ = true;
         sharedInstance<ProgressWindow>()->showForWalk();
@@ -269,7 +285,19 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     // unaccepted there, the drag goes on to the window.
     if (event->type() == QEvent::DragEnter && qobject_cast<QLineEdit*>(watched))
         return static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls();
-    return QMainWindow::eventFilter(watched, event);
+    return stepThroughCaptions(watched, event) || QMainWindow::eventFilter(watched, event);
+}
+
+bool MainWindow::stepThroughCaptions(QObject* watched, QEvent* event) {
+    if (watched != ui_->captionField || event->type() != QEvent::KeyPress) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const int step = key->key() == Qt::Key_Down ? 1 : key->key() == Qt::Key_Up ? -1 : 0;
+    // Arrow keys come with the keypad modifier on some systems.
+    if (step == 0 || (key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
+    ImageCatalogue& images = gallery_.images();
+    if (images.imageCount() > 0)
+        images.selectRow(std::clamp(images.selectedRow() + step, 0, images.imageCount() - 1));
+    return true;
 }
 
 void MainWindow::takeDrop(const QMimeData* dragged) {
@@ -289,10 +317,55 @@ bool MainWindow::replaceOtherPage(const QString& pageFileName) {
 }
 
 void MainWindow::imagesMissing(const QStringList& fileNames) {
-    static constexpr int kNamesShown = 10;
     platform::tell(QString::number(fileNames.size()) +
                    QStringLiteral(" images of the page are no longer in the folder.\r") +
-                   fileNames.first(std::min<qsizetype>(fileNames.size(), kNamesShown)).join(u'\r'));
+                   someOf(fileNames, QStringLiteral("\r")));
+}
+
+bool MainWindow::startNewGallery(const QString& folder) {
+    return platform::askChoice(
+        QStringLiteral(
+            "The list holds the gallery of the folder \"%1\".\r\rStart a new gallery from "
+            "\"%2\", or add its images to this one? Its page could not show images "
+            "from elsewhere.")
+            .arg(nativeName::shown(QDir::cleanPath(gallery_.settings().folder)),
+                 nativeName::shown(folder)),
+        QStringLiteral("Start a new gallery"), QStringLiteral("Add its images"));
+}
+
+bool MainWindow::bringBackWork(const QString& folder, int images, int captions) {
+    return platform::askYesOrNo(
+        QStringLiteral("Velmora kept the work on the gallery of \"%1\" that no page holds yet: "
+                       "%2 images, %3 of them captioned, with the page's settings.\r\rBring it "
+                       "back? No lets it go.")
+            .arg(nativeName::shown(folder))
+            .arg(images)
+            .arg(captions));
+}
+
+bool MainWindow::takeOutImagesElsewhere(const QStringList& paths) {
+    return platform::askChoice(
+        QStringLiteral("%1 images are not in the gallery's folder, so the page could not show "
+                       "them:\r%2\r\rTake them out of the list and write the page without them?")
+            .arg(paths.size())
+            .arg(someOf(paths, QStringLiteral("\r"))),
+        QStringLiteral("Take them out and write"), QStringLiteral("Don't write"));
+}
+
+bool MainWindow::writeUnshownImages(const QStringList& fileNames) {
+    return platform::askChoice(QStringLiteral("%1 images will not show in web browsers: %2")
+                                       .arg(fileNames.size())
+                                       .arg(someOf(fileNames, QStringLiteral(", "))) +
+                                   QStringLiteral("\r\rWrite the page anyway?"),
+                               QStringLiteral("Write anyway"), QStringLiteral("Don't write"));
+}
+
+bool MainWindow::replaceVelmoraPage(const QString& pageFileName) {
+    return platform::askChoice(
+        QStringLiteral("\"%1\" is the page of a gallery that was not reopened here: writing "
+                       "replaces it, and its captions are lost.\r\rReplace it?")
+            .arg(nativeName::shown(pageFileName)),
+        QStringLiteral("Replace"), QStringLiteral("Don't write"));
 }
 
 void MainWindow::showListProgress() {
@@ -311,8 +384,6 @@ void MainWindow::clearList() {
     if (!platform::askYesOrNo(QStringLiteral("Clear\n\nAre you sure to clear the image's list?")))
         return;
     gallery_.clear();
-    infotext::show(ui_->infoLabel, infotext::start());
-    ui_->imageCanvas->showImage({});
 }
 
 void MainWindow::removeSelectedImages() {
@@ -338,9 +409,12 @@ void MainWindow::removeSelectedImages() {
 
 void MainWindow::writePage() {
     const PageWriteResult result = gallery_.writePage();
-    if (result.ok)
-        platform::openFile(result.path);
-    else if (!result.error.isEmpty())
+    if (result.ok && !platform::openFile(result.path))
+        platform::tell(
+            QStringLiteral("The gallery page was written, but no web browser could be started to "
+                           "show it. It is here:\r") +
+            nativeName::shown(QDir::toNativeSeparators(result.path)));
+    else if (!result.ok && !result.error.isEmpty())
         platform::tell(QStringLiteral("The gallery page could not be written.\r") + result.error);
 }
 
@@ -379,7 +453,8 @@ void MainWindow::showStartTextWithoutImage() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    // Closing is never refused, and nothing is kept: closing the window ends the program.
+    // Closing is never refused and asks nothing (the gallery keeps its unwritten work): closing
+    // the window ends the program.
     event->accept();
     QCoreApplication::quit();
 }

@@ -41,6 +41,11 @@ public:
     bool restorePage(const QString& pageFileName) override;
     bool replaceOtherPage(const QString& pageFileName) override;
     void imagesMissing(const QStringList& fileNames) override;
+    bool startNewGallery(const QString& folder) override;
+    bool bringBackWork(const QString& folder, int images, int captions) override;
+    bool takeOutImagesElsewhere(const QStringList& paths) override;
+    bool writeUnshownImages(const QStringList& fileNames) override;
+    bool replaceVelmoraPage(const QString& pageFileName) override;
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -72,6 +77,8 @@ private:
     void storeSettings();
     void showSettings();
     void showListProgress();
+    // Down and Up in the caption field: the next or the previous row, the typing going on.
+    bool stepThroughCaptions(QObject* watched, QEvent* event);
 
     Gallery& gallery_;
     Preferences& preferences_;

@@ -7,8 +7,8 @@ namespace {
 Desktop* installed = nullptr;
 }
 
-void QtDesktop::launch(const QString& path) {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+bool QtDesktop::launch(const QString& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 void QtDesktop::showURL(const QString& url) {
@@ -26,8 +26,8 @@ void installDesktop(Desktop* replacement) {
     installed = replacement;
 }
 
-void openFile(const QString& path) {
-    desktop().launch(path);
+bool openFile(const QString& path) {
+    return desktop().launch(path);
 }
 
 void openAddress(const QString& url) {

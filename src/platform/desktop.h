@@ -7,15 +7,15 @@
 class Desktop {
 public:
     virtual ~Desktop() = default;
-    // Opens a file in its default application.
-    virtual void launch(const QString& path) = 0;
+    // Opens a file in its default application; false when none could be started.
+    virtual bool launch(const QString& path) = 0;
     // Opens an address in the default web browser.
     virtual void showURL(const QString& url) = 0;
 };
 
 class QtDesktop final : public Desktop {
 public:
-    void launch(const QString& path) override;
+    bool launch(const QString& path) override;
     void showURL(const QString& url) override;
 };
 
@@ -24,7 +24,8 @@ namespace platform {
 Desktop& desktop();
 void installDesktop(Desktop* replacement);
 
-// Opens a file in its default application, or an address in the default web browser.
-void openFile(const QString& path);
+// Opens a file in its default application, or an address in the default web browser. Opening a
+// file says whether an application could be started for it.
+bool openFile(const QString& path);
 void openAddress(const QString& url);
 }  // namespace platform

@@ -4,6 +4,7 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "platform/specialfolders.h"
 
@@ -61,6 +62,17 @@ bool QtDialogs::askYesOrNo(const QString& question) {
     return box.exec() == QMessageBox::Yes;
 }
 
+bool QtDialogs::askChoice(const QString& question, const QString& accept, const QString& reject) {
+    QMessageBox box(QMessageBox::Question, QString(), displayText(question), QMessageBox::NoButton,
+                    dialogParent());
+    QPushButton* accepting = box.addButton(accept, QMessageBox::AcceptRole);
+    box.setEscapeButton(box.addButton(reject, QMessageBox::RejectRole));
+    box.setDefaultButton(accepting);
+    showAsPlainText(box);
+    box.exec();
+    return box.clickedButton() == accepting;
+}
+
 void QtDialogs::beep() {
     QApplication::beep();
 }
@@ -99,6 +111,10 @@ void tell(const QString& text) {
 
 bool askYesOrNo(const QString& question) {
     return dialogs().askYesOrNo(question);
+}
+
+bool askChoice(const QString& question, const QString& accept, const QString& reject) {
+    return dialogs().askChoice(question, accept, reject);
 }
 
 void beep() {

@@ -14,6 +14,10 @@ public:
     // A modal question with the question icon and the buttons Yes and No, Yes the default;
     // true for Yes.
     virtual bool askYesOrNo(const QString& question) = 0;
+    // A modal question whose two buttons say what each answer does: `accept`, the default, and
+    // `reject`, which Escape chooses too; true for `accept`.
+    virtual bool askChoice(const QString& question, const QString& accept,
+                           const QString& reject) = 0;
     // The system's alert sound.
     virtual void beep() = 0;
     // The colour picker, opened on `colour` with `prompt`. On true `colour` holds the pick.
@@ -27,6 +31,7 @@ class QtDialogs final : public Dialogs {
 public:
     void message(const QString& text) override;
     bool askYesOrNo(const QString& question) override;
+    bool askChoice(const QString& question, const QString& accept, const QString& reject) override;
     void beep() override;
     bool pickColour(QColor& colour, const QString& prompt) override;
     QString chooseFolder() override;
@@ -42,6 +47,7 @@ namespace platform {
 // The dialogs in use, by what they do.
 void tell(const QString& text);
 bool askYesOrNo(const QString& question);
+bool askChoice(const QString& question, const QString& accept, const QString& reject);
 void beep();
 // Returns whether the user took a colour; `colour` is left alone otherwise.
 bool pickColour(QColor& colour, const QString& prompt);

@@ -22,6 +22,8 @@ public:
     static std::shared_ptr<Picture> open(const QString& path);
 
     const QString& path() const { return path_; }
+    // The format that the content is in, as Qt's readers name it: "jpeg", "png", "tiff".
+    const QByteArray& format() const { return format_; }
     int width() const { return size().width(); }
     int height() const { return size().height(); }
     QSize size() const { return turned() ? stored_.transposed() : stored_; }

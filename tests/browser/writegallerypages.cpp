@@ -46,7 +46,8 @@ int main(int argc, char** argv) {
                      {},
                      number("width"),
                      number("height"),
-                     image["caption"].toString()});
+                     image["caption"].toString(),
+                     {}});
         if (!writeImage(folder.filePath(rows.last().originalName), image))
             qFatal("cannot write the image %s", qPrintable(rows.last().originalName));
     }

@@ -8,9 +8,10 @@
 // Records what would have been opened on the desktop; opens nothing.
 class RecordingDesktop final : public Desktop {
 public:
-    void launch(const QString& path) override {
+    bool launch(const QString& path) override {
         launched.append(path);
         if (onLaunch) onLaunch(path);
+        return launches;
     }
     void showURL(const QString& url) override {
         urls.append(url);
@@ -19,6 +20,7 @@ public:
     void clear() { *this = RecordingDesktop(); }
 
     QStringList launched;
+    bool launches = true;  // whether an application starts for a launched file
     QStringList urls;
     // Run at each launch and showURL, to look at the program's state at that moment or to fail.
     std::function<void(const QString&)> onLaunch;

@@ -15,6 +15,9 @@ public:
         questions.append(question);
         return !answers.isEmpty() && answers.dequeue();
     }
+    bool askChoice(const QString& question, const QString&, const QString&) override {
+        return askYesOrNo(question);
+    }
     void beep() override { ++beeps; }
     bool pickColour(QColor& colour, const QString& prompt) override {
         colourPickerStarts.append(colour);
