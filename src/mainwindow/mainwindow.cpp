@@ -337,7 +337,7 @@ bool MainWindow::bringBackWork(const QString& folder, int images, int captions) 
     return platform::askYesOrNo(
         QStringLiteral("Velmora kept the work on the gallery of \"%1\" that no page holds yet: "
                        "%2 images, %3 of them captioned, with the page's settings.\r\rBring it "
-                       "back? No lets it go.")
+                       "back? If not, it is discarded.")
             .arg(nativeName::shown(folder))
             .arg(images)
             .arg(captions));
