@@ -51,14 +51,15 @@ CommandLine readCommandLine(const QStringList& arguments) {
     const QCommandLineOption write(
         QStringLiteral("write"),
         QStringLiteral("Writes the gallery page of each FOLDER with no window, then exits."));
-    const QCommandLineOption replace(
-        QStringLiteral("replace"),
-        QStringLiteral("With --write: replaces a web page that Velmora did not write."));
+    // The options that only --write reads, with a value or without.
     const auto text = [](const char* name, const char* value, const char* what) {
         return QCommandLineOption(QString::fromLatin1(name),
                                   QStringLiteral("With --write: ") + QString::fromLatin1(what),
                                   QString::fromLatin1(value));
     };
+    const auto flag = [&text](const char* name, const char* what) { return text(name, "", what); };
+    const QCommandLineOption replace =
+        flag("replace", "replaces a web page that Velmora did not write.");
     const TextOption texts[] = {
         {text("page", "NAME", "the page's file name (index.html)."), &SettingChoices::pageFileName,
          false},
@@ -75,15 +76,12 @@ CommandLine readCommandLine(const QStringList& arguments) {
         {text("caption-colour", "COLOUR", "the colour of the captions (White)."),
          &SettingChoices::captionColour, true},
     };
-    const QCommandLineOption fullWidth(
-        QStringLiteral("full-width"),
-        QStringLiteral("With --write: the images span the page's full width (the default)."));
-    const QCommandLineOption margins(
-        QStringLiteral("margins"),
-        QStringLiteral("With --write: the images stand between margins left and right."));
-    const QCommandLineOption selfContained(
-        QStringLiteral("self-contained"),
-        QStringLiteral("With --write: a page that needs nothing from the internet."));
+    const QCommandLineOption fullWidth =
+        flag("full-width", "the images span the page's full width (the default).");
+    const QCommandLineOption margins =
+        flag("margins", "the images stand between margins left and right.");
+    const QCommandLineOption selfContained =
+        flag("self-contained", "a page that needs nothing from the internet.");
     parser.addOptions({version, write, replace});
     for (const TextOption& option : texts) parser.addOption(option.option);
     parser.addOptions({fullWidth, margins, selfContained});
