@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cmath>
 #include <mutex>
+#include <utility>
 
 #include "platform/exiforientation.h"
 #include "platform/nativename.h"
@@ -45,6 +46,24 @@ bool aim(QImageReader& reader, QFile& file, const QString& path) {
     if (!nativeName::openForReading(file, path)) return false;
     reader.setDevice(&file);
     return true;
+}
+
+// Tells the reader the format of the commonest pictures from their first bytes. Left to decide
+// from the content, it asks every image plugin in turn to look at the file, which costs more
+// than reading the header itself; any other content is still left to it.
+void nameFormatFromSignature(QImageReader& reader) {
+    static constexpr std::pair<const char*, const char*> kSignatures[] = {
+        {"\xFF\xD8\xFF", "jpeg"}, {"\x89PNG\r\n\x1A\n", "png"}};
+    QIODevice* device = reader.device();
+    if (!device || (!device->isOpen() && !device->open(QIODevice::ReadOnly))) return;
+    const QByteArray start = device->peek(8);
+    for (const auto& [signature, format] : kSignatures) {
+        if (start.startsWith(signature)) {
+            reader.setDecideFormatFromContent(false);
+            reader.setFormat(format);
+            return;
+        }
+    }
 }
 
 // A still WebP picture is read by the program's own reader, which decodes at the wanted size.
@@ -92,6 +111,7 @@ std::shared_ptr<Picture> Picture::open(const QString& path) {
     QImageReader reader;
     if (!aim(reader, file, path)) return nullptr;
     prepare(reader);
+    nameFormatFromSignature(reader);
     if (!reader.canRead()) return nullptr;
     const QSize size = reader.size();
     if (!size.isValid() || size.isEmpty()) return nullptr;
