@@ -9,7 +9,7 @@ namespace {
 constexpr uchar kStartOfImage = 0xD8;
 constexpr uchar kEndOfImage = 0xD9;
 constexpr uchar kStartOfScan = 0xDA;
-constexpr uchar kExifBlock = 0xE1;
+constexpr uchar kApp1 = 0xE1;  // where EXIF blocks stand, and XMP ones
 
 // The frame markers, SOF0 to SOF15, which share their range with three markers that are none.
 bool isFrame(uchar code) {
@@ -52,7 +52,7 @@ std::optional<JpegHeader> readJpegHeader(QIODevice& device) {
         const QByteArray lengthBytes = device.read(2);
         if (lengthBytes.size() != 2 || bigEndianAt(lengthBytes, 0) < 2) return std::nullopt;
         const qint64 length = bigEndianAt(lengthBytes, 0) - 2;
-        if (!isFrame(*code) && *code != kExifBlock) {
+        if (!isFrame(*code) && *code != kApp1) {
             if (device.skip(length) != length) return std::nullopt;
             continue;
         }
@@ -63,8 +63,7 @@ std::optional<JpegHeader> readJpegHeader(QIODevice& device) {
             if (length < 5) return std::nullopt;
             header.stored = QSize(bigEndianAt(segment, 3), bigEndianAt(segment, 1));
             framed = true;
-        } else if (*code == kExifBlock && !exifSeen &&
-                   segment.startsWith(QByteArray("Exif\0\0", 6))) {
+        } else if (*code == kApp1 && !exifSeen && segment.startsWith(QByteArray("Exif\0\0", 6))) {
             header.orientation = exifOrientation::ofTiff(segment.mid(6));
             exifSeen = true;
         }
