@@ -14,8 +14,10 @@ using Pairs = QList<std::pair<QString, QString>>;
 // A row for each letter, its caption the letter in upper case.
 void fill(ImageCatalogue& catalogue, const QString& letters) {
     for (const QChar letter : letters) {
-        catalogue.addRow(letter);
-        catalogue.setCell(catalogue.lastAddedRow(), CatalogueRow::Caption, letter.toUpper());
+        CatalogueRow row;
+        row.pictureName = letter;
+        row.caption = letter.toUpper();
+        catalogue.addRow(row);
     }
 }
 

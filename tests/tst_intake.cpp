@@ -80,7 +80,11 @@ private slots:
 
         const QByteArray png = encoded(photoLike({40, 30}, 7), "PNG");
         writeBytes(odd + "/empty.jpg", {});
-        writeBytes(odd + "/cut.jpg", encoded(photoLike({200, 150}, 7), "JPEG").left(4000));
+        const QByteArray jpeg = encoded(photoLike({200, 150}, 7), "JPEG");
+        writeBytes(odd + "/cut.jpg", jpeg.left(4000));
+        // Stray bytes before a marker are passed over; a header that ends before its scan is none.
+        writeBytes(odd + "/stray.jpg", jpeg.left(2) + QByteArray(2, '\0') + jpeg.mid(2));
+        writeBytes(odd + "/unscanned.jpg", jpeg.left(jpeg.indexOf("\xFF\xDA")));
         // Its header declares 100000 x 100000 pixels, its rows end after the first: a decoder
         // that took the header at its word would ask for 10 GB.
         writeBytes(odd + "/enormous.png", blackPng({100000, 1}, {100000, 100000}));
@@ -128,13 +132,14 @@ private slots:
     // Pictures whose header reads are listed, even when their pixels will not decode, and
     // whatever bytes their names are made of; then every row listed so far is selected in turn.
     void aHostileFolderListsWhatReadsAndEveryRowPreviews() {
-        drop(&window, {QUrl::fromLocalFile(odd)}, 20, odd + "/");
+        drop(&window, {QUrl::fromLocalFile(odd)}, 21, odd + "/");
         QCOMPARE(rows(10),
                  QStringList({"🌅 dawn|image/png|40x30", latin1.chopped(4) + "|image/png|40x30",
                               "cut|image/jpeg|200x150", "dot|image/png|1x1",
                               "enormous|image/png|100000x100000", "it's|image/png|40x30",
                               "link|image/png|40x30", longName.chopped(4) + "|image/png|40x30",
-                              "say \"cheese\"|image/png|40x30", "Tom & Jerry|image/png|40x30"}));
+                              "say \"cheese\"|image/png|40x30", "stray|image/jpeg|200x150",
+                              "Tom & Jerry|image/png|40x30"}));
         // The Latin-1 name is kept byte for byte, and shown with a replacement character.
         QCOMPARE(catalogue.cell(11, CatalogueRow::FileName), latin1);
         QCOMPARE(catalogue.data(catalogue.index(11, 1), Qt::DisplayRole), "caf\uFFFD.png");

@@ -81,10 +81,10 @@ class MainWindowTest : public QObject {
     // A row for each letter, its file named by it and captioned with it and "!".
     void fill(const QString& letters) {
         for (const QChar letter : letters) {
-            catalogue->addRow(letter);
-            for (int cell : {1, 2}) catalogue->setCell(catalogue->lastAddedRow(), cell, letter);
-            catalogue->setCell(catalogue->lastAddedRow(), CatalogueRow::Caption,
-                               letter + QString("!"));
+            CatalogueRow row;
+            row.pictureName = row.originalName = row.imagePath = letter;
+            row.caption = letter + QString("!");
+            catalogue->addRow(row);
         }
         App::instance()->gallery().updateList();
     }

@@ -24,14 +24,12 @@ ImageCatalogue::ImageCatalogue(QObject* parent) : QAbstractTableModel(parent), s
     });
 }
 
-void ImageCatalogue::addRow(const QString& pictureName) {
-    const int row = imageCount();
-    beginInsertRows({}, row, row);
-    CatalogueRow added;
-    added.pictureName = pictureName;
-    rows_.append(added);
+void ImageCatalogue::addRow(const CatalogueRow& row) {
+    const int index = imageCount();
+    beginInsertRows({}, index, index);
+    rows_.append(row);
     endInsertRows();
-    lastIndex_ = row;
+    lastIndex_ = index;
 }
 
 QString ImageCatalogue::cell(int row, int column) const {
@@ -43,10 +41,6 @@ QString ImageCatalogue::cell(int row, int column) const {
 const QList<CatalogueRow>& ImageCatalogue::rows() const {
     for (int row = 0; row < imageCount(); ++row) readCaptionFromFile(row);
     return rows_;
-}
-
-void ImageCatalogue::takeCaptionFromFile(int row) {
-    if (row >= 0 && row < imageCount()) rows_[row].captionInFile = true;
 }
 
 void ImageCatalogue::readCaptionFromFile(int row) const {
@@ -194,6 +188,10 @@ void ImageCatalogue::updateSelectionAndCounts() {
     selectRow(lastAddedRow());
     setCountText(QString::number(imageCount()) +
                  (count == 1 ? QStringLiteral(" image") : QStringLiteral(" images")));
+    updateProgressText();
+}
+
+void ImageCatalogue::updateProgressText() {
     progressText_ = QString::number(imageCount()) + QStringLiteral(" images added, please wait.");
     emit progressTextChanged(progressText_);
 }

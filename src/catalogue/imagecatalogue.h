@@ -17,9 +17,11 @@ public:
 
     explicit ImageCatalogue(QObject* parent = nullptr);
 
-    // Appends a row whose cell 0 is `pictureName`; it becomes the last added row. The selection
-    // stays as it is.
-    void addRow(const QString& pictureName);
+    // Appends `row` in one insertion; it becomes the last added row. The selection stays as it
+    // is. A row marked captionInFile takes its picture's own description as its caption. Reading
+    // it costs more than the header the row was made from, so it is read when the caption is first
+    // asked for; a caption set before then wins.
+    void addRow(const CatalogueRow& row);
     QString cell(int row, int column) const;
     void setCell(int row, int column, const QString& text);
     int imageCount() const { return static_cast<int>(rows_.size()); }
@@ -39,10 +41,6 @@ public:
 
     // Every row, each caption that is still in its file read.
     const QList<CatalogueRow>& rows() const;
-    // Gives `row` its picture's own description as its caption. Reading it costs more than the
-    // header the row was made from, so it is read when the caption is first asked for; a caption
-    // set before then wins.
-    void takeCaptionFromFile(int row);
     QItemSelectionModel* selectionModel() { return &selection_; }
 
     // Moves the given rows, in their order, to stand before `destination` (a row index of the
@@ -54,6 +52,8 @@ public:
 
     // Brings selection, count text and progress text up to date after the rows changed.
     void updateSelectionAndCounts();
+    // Brings the progress text alone up to date, as a walk adds rows.
+    void updateProgressText();
 
     QString countText() const { return countText_; }
     void setCountText(const QString& text);

@@ -134,23 +134,28 @@ void Gallery::takeIn(const QString& folder) {
 }
 
 void Gallery::addImagesOf(const QString& folder) {
-    const QDir dir(folder);
-    for (const QString& name : folderItemsByName(folder)) {
-        const QFileInfo item(dir.filePath(name));
-        if (const PicturePtr picture = Picture::open(item.filePath())) {
-            images_.addRow(stripExtension(name));
-            const int row = images_.lastAddedRow();
-            images_.setCell(row, CatalogueRow::FileName, name);
-            images_.setCell(row, CatalogueRow::Path,
-                            QDir::toNativeSeparators(item.absoluteFilePath()));
-            images_.setCell(row, CatalogueRow::Type, imageTypeOfExtension(item.suffix()));
-            images_.setCell(row, CatalogueRow::Width, QString::number(picture->width()));
-            images_.setCell(row, CatalogueRow::Height, QString::number(picture->height()));
-            images_.setCell(row, CatalogueRow::Format, QString::fromLatin1(picture->format()));
-            images_.takeCaptionFromFile(row);
+    const QStringList names = folderItemsByName(folder);
+    const QDir dir(QFileInfo(folder).absoluteFilePath());
+    for (const QString& name : names) {
+        const QString path = dir.filePath(name);
+        if (const PicturePtr picture = Picture::open(path)) {
+            CatalogueRow row;
+            row.pictureName = stripExtension(name);
+            row.originalName = name;
+            row.imagePath = QDir::toNativeSeparators(path);
+            row.imageType = imageTypeOfExtension(QFileInfo(name).suffix());
+            row.imageWidth = QString::number(picture->width());
+            row.imageHeight = QString::number(picture->height());
+            row.format = QString::fromLatin1(picture->format());
+            row.captionInFile = true;
+            images_.addRow(row);
         }
-        updateList();
+        // Only the progress window is painted while the walk holds the event loop: the selection
+        // and the count, costly to follow item by item, are brought up to date once at the end.
+        images_.updateProgressText();
+        emit listUpdated();
     }
+    if (!names.isEmpty()) images_.updateSelectionAndCounts();
     images_.selectRow(0);
     settings_.folder = QDir::toNativeSeparators(folder) + QStringLiteral("/");
     emit settingsChanged();

@@ -65,8 +65,8 @@ public:
 signals:
     // The gallery changed its own settings: a folder was opened or a page restored.
     void settingsChanged();
-    // After each item of a walked folder and after rows were taken out: the list was brought up
-    // to date.
+    // After each item of a walked folder, its progress text brought up to date, and after rows
+    // were taken out, the whole list.
     void listUpdated();
     // The walk of a folder begins and ends.
     void intakeStarted();

@@ -8,8 +8,10 @@
 #include <atomic>
 #include <cmath>
 #include <mutex>
+#include <optional>
 
 #include "platform/exiforientation.h"
+#include "platform/jpegheader.h"
 #include "platform/nativename.h"
 #include "platform/stillwebphandler.h"
 
@@ -24,6 +26,9 @@ constexpr qint64 kMaxDecodedPixels = 100'000'000;
 // Room for the largest picture allowed above at 32 bits a pixel; Qt's default of 128 MB would
 // refuse a 40-megapixel photo in any format that cannot be decoded at a smaller scale.
 constexpr int kAllocationLimitMB = 400;
+
+const QByteArray kJpegSignature = QByteArrayLiteral("\xFF\xD8\xFF");
+const QByteArray kPngSignature = QByteArrayLiteral("\x89PNG\r\n\x1A\n");
 
 // Pictures are decoded on several threads at once.
 std::atomic<int> decodesSoFar = 0;
@@ -91,7 +96,23 @@ std::shared_ptr<Picture> Picture::open(const QString& path) {
     QFile file;
     QImageReader reader;
     if (!aim(reader, file, path)) return nullptr;
+    QIODevice& device = *reader.device();
+    if (!device.isOpen() && !device.open(QIODevice::ReadOnly)) return nullptr;
+    // Before it reads a header, Qt's reader asks each of its image plugins in turn whether it
+    // knows the content, which costs more than the header itself: a JPEG's header is read here,
+    // and a PNG is named to the reader.
+    const QByteArray start = device.peek(kPngSignature.size());
+    if (start.startsWith(kJpegSignature)) {
+        const std::optional<JpegHeader> header = readJpegHeader(device);
+        if (!header || header->stored.isEmpty()) return nullptr;
+        return std::shared_ptr<Picture>(
+            new Picture(path, "jpeg", header->stored, header->orientation));
+    }
     prepare(reader);
+    if (start == kPngSignature) {
+        reader.setDecideFormatFromContent(false);
+        reader.setFormat("png");
+    }
     if (!reader.canRead()) return nullptr;
     const QSize size = reader.size();
     if (!size.isValid() || size.isEmpty()) return nullptr;
