@@ -10,6 +10,7 @@ constexpr uchar kStartOfImage = 0xD8;
 constexpr uchar kEndOfImage = 0xD9;
 constexpr uchar kStartOfScan = 0xDA;
 constexpr uchar kApp1 = 0xE1;  // where EXIF blocks stand, and XMP ones
+constexpr int kMostComponents = 10;
 
 // The frame markers, SOF0 to SOF15, which share their range with three markers that are none.
 bool isFrame(uchar code) {
@@ -59,8 +60,14 @@ std::optional<JpegHeader> readJpegHeader(QIODevice& device) {
         const QByteArray segment = device.read(length);
         if (segment.size() != length) return std::nullopt;
         if (isFrame(*code) && !framed) {
-            // Sample precision, then the height and the width.
-            if (length < 5) return std::nullopt;
+            // Sample precision, the height and the width, the number of components and three bytes
+            // for each. The decoder takes 8-bit samples only, and refuses a frame of no
+            // components or more than it can hold.
+            if (length < 6) return std::nullopt;
+            const int components = uchar(segment[5]);
+            if (uchar(segment[0]) != 8 || components < 1 || components > kMostComponents ||
+                length != 6 + 3 * components)
+                return std::nullopt;
             header.stored = QSize(bigEndianAt(segment, 3), bigEndianAt(segment, 1));
             framed = true;
         } else if (*code == kApp1 && !exifSeen && segment.startsWith(QByteArray("Exif\0\0", 6))) {
