@@ -82,9 +82,29 @@ private slots:
         writeBytes(odd + "/empty.jpg", {});
         const QByteArray jpeg = encoded(photoLike({200, 150}, 7), "JPEG");
         writeBytes(odd + "/cut.jpg", jpeg.left(4000));
-        // Stray bytes before a marker are passed over; a header that ends before its scan is none.
-        writeBytes(odd + "/stray.jpg", jpeg.left(2) + QByteArray(2, '\0') + jpeg.mid(2));
+        // Stray bytes before a marker are passed over, a stuffed FF 00 among them; a header that
+        // ends before its scan is none.
+        writeBytes(odd + "/stray.jpg", jpeg.left(2) + QByteArray("\0\xFF\0", 3) + jpeg.mid(2));
         writeBytes(odd + "/unscanned.jpg", jpeg.left(jpeg.indexOf("\xFF\xDA")));
+        // Nor is a header the decoder refuses: a lossless or hierarchical frame, a second frame, a
+        // frame of no height or with a sampling factor of 0, a marker it does not know.
+        const qsizetype frame = jpeg.indexOf("\xFF\xC0");
+        const auto overwritten = [&](qsizetype at, const QByteArray& bytes) {
+            return jpeg.left(at) + bytes + jpeg.mid(at + bytes.size());
+        };
+        const QByteArray frameSegment = jpeg.mid(frame, 2 + 8 + 3 * 3);
+        const std::pair<const char*, QByteArray> refused[] = {
+            {"lossless", overwritten(frame + 1, "\xC3")},
+            {"hierarchical", overwritten(frame + 1, "\xC5")},
+            {"two frames", jpeg.left(frame) + frameSegment + jpeg.mid(frame)},
+            {"no height", overwritten(frame + 5, QByteArray(2, '\0'))},
+            {"unsampled", overwritten(frame + 11, QByteArray(1, '\0'))},
+            {"unknown marker", jpeg.left(frame) +
+                                   QByteArray("\xFF\xF0\0\x04"
+                                              "ab",
+                                              6) +
+                                   jpeg.mid(frame)}};
+        for (const auto& [name, bytes] : refused) writeBytes(odd + "/" + name + ".jpg", bytes);
         // Its header declares 100000 x 100000 pixels, its rows end after the first: a decoder
         // that took the header at its word would ask for 10 GB.
         writeBytes(odd + "/enormous.png", blackPng({100000, 1}, {100000, 100000}));

@@ -14,6 +14,7 @@ struct JpegHeader {
 };
 
 // Reads the markers of the JPEG file that `device` reads, from its start up to the first scan,
-// stepping over every segment but the frame and the EXIF block. Nothing when the markers break
-// off, or the scan comes before any frame, as a JPEG decoder would also refuse them.
+// stepping over every segment but the frame and the EXIF block. Nothing for what the JPEG decoder
+// would refuse there: markers that break off or that it does not know, a frame it cannot decode
+// or a second one, or a scan before any frame.
 std::optional<JpegHeader> readJpegHeader(QIODevice& device);
