@@ -106,6 +106,10 @@ private slots:
             for (const char* type : {"jpg", "png"})
                 add(qPrintable(file.section('/', -1) + type), file + type, {360, 270});
         }
+        // Qt's decoder also finds the tag in a later directory of the block.
+        writeBytes(path("second directory.jpg"),
+                   jpegWithOrientation(quarters(shot).transformed(turns[5].inverted()), 6, true));
+        add("second directory.jpg", path("second directory.jpg"), {360, 270});
         QVERIFY(writeAvif(quarters(shot), path("plain.avif")));
         QVERIFY(writeAvif(quarters(shot).transformed(turns[7].inverted()), path("turned.avif"),
                           {"--irot", "1"}));

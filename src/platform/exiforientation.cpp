@@ -11,6 +11,9 @@ using Turn = QImageIOHandler::Transformations;
 // More than any EXIF block a camera or editor writes; a larger chunk is not read.
 constexpr qint64 kLargestExif = 1 << 20;
 constexpr quint16 kOrientationTag = 0x0112;
+constexpr quint16 kShort = 3;
+// A TIFF block holds five directories at most; a chain longer than this is damaged.
+constexpr int kDirectoriesLookedAt = 10;
 constexpr int kChunksLookedAt = 64;
 
 // EXIF orientations 1 to 8 as Qt's transformations.
@@ -63,12 +66,20 @@ Turn ofTiff(const QByteArray& exif) {
         if (bytes == 2) return little ? qFromLittleEndian<quint16>(p) : qFromBigEndian<quint16>(p);
         return little ? qFromLittleEndian<quint32>(p) : qFromBigEndian<quint32>(p);
     };
-    const quint32 directory = number(4, 4);
-    const quint32 entries = number(directory, 2);
-    for (quint32 entry = 0; entry < entries; ++entry) {
-        const qsizetype at = qsizetype(directory) + 2 + 12 * qsizetype(entry);
-        if (at + 12 > tiff.size()) break;
-        if (number(at, 2) == kOrientationTag) return turnOf(number(at + 8, 2));
+    // Qt's JPEG decoder follows the chain of directories, forward only, to the first orientation
+    // tag, and takes it only as one SHORT; reading as it does keeps a picture's size and its
+    // decode in agreement.
+    qsizetype directory = number(4, 4);
+    for (int looked = 0; looked < kDirectoriesLookedAt && directory >= 8; ++looked) {
+        const qsizetype end = directory + 2 + 12 * qsizetype(number(directory, 2));
+        for (qsizetype at = directory + 2; at < end && at + 12 <= tiff.size(); at += 12) {
+            if (number(at, 2) != kOrientationTag) continue;
+            if (number(at + 2, 2) != kShort || number(at + 4, 4) != 1) return {};
+            return turnOf(number(at + 8, 2));
+        }
+        const qsizetype next = number(end, 4);  // 0 past the block's end
+        if (next < end + 4) return {};
+        directory = next;
     }
     return {};
 }

@@ -41,9 +41,10 @@ void writeBytes(const QString& path, const QByteArray& bytes) {
 
 namespace {
 // A big-endian TIFF header and one entry: Orientation, a SHORT.
-QByteArray exifWithOrientation(int orientation) {
-    return QByteArray::fromHex("4d4d002a000000080001011200030000000100") + char(orientation) +
-           QByteArray(6, '\0');
+QByteArray exifWithOrientation(int orientation, bool secondDirectory = false) {
+    return QByteArray::fromHex("4d4d002a00000008") +
+           (secondDirectory ? QByteArray::fromHex("00000000000e") : QByteArray()) +
+           QByteArray::fromHex("0001011200030000000100") + char(orientation) + QByteArray(6, '\0');
 }
 }  // namespace
 
@@ -58,8 +59,9 @@ void describe(const QString& path, const QList<std::pair<const char*, QString>>&
     image->writeMetadata();
 }
 
-QByteArray jpegWithOrientation(const QImage& image, int orientation) {
-    const QByteArray exif = "Exif" + QByteArray(2, '\0') + exifWithOrientation(orientation);
+QByteArray jpegWithOrientation(const QImage& image, int orientation, bool secondDirectory) {
+    const QByteArray exif =
+        "Exif" + QByteArray(2, '\0') + exifWithOrientation(orientation, secondDirectory);
     QByteArray app1 = QByteArray::fromHex("ffe10000") + exif;
     qToBigEndian<quint16>(exif.size() + 2, app1.data() + 2);
     return encoded(image, "JPEG", 95).insert(2, app1);

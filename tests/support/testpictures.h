@@ -18,8 +18,8 @@ QByteArray encoded(const QImage& image, const char* format, int quality = -1);
 void writeBytes(const QString& path, const QByteArray& bytes);
 
 // `image` as a JPEG whose EXIF orientation tag (1 to 8) tells a viewer how to turn it upright, as
-// a phone stores a portrait shot.
-QByteArray jpegWithOrientation(const QImage& image, int orientation);
+// a phone stores a portrait shot; with `secondDirectory`, the tag follows an empty first directory.
+QByteArray jpegWithOrientation(const QImage& image, int orientation, bool secondDirectory = false);
 // Writes `fields` into the picture's file at `path`, each an Exiv2 key ("Xmp.dc.description") and
 // its value as Exiv2 reads it ("lang=x-default Dunes"); Exiv2 throws when it cannot.
 void describe(const QString& path, const QList<std::pair<const char*, QString>>& fields);
