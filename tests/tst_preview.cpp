@@ -222,9 +222,14 @@ private slots:
             << 3;
         QTest::newRow("read ahead down and up")
             << "w360" << QStringList{"photo.png:down.png,up.png", ".", "up.png", "down.png"} << 0;
-        // Each neighbour alone fits beside the shown preview in memory, both do not.
+        // Each neighbour alone fits beside the shown preview in memory, both do not (at this size
+        // in the window, for this pixel ratio): the next is read ahead, and nothing pushes out the
+        // shown one or the next.
+        const QString crowded = ratio > 1 ? "w1600" : "w6000";
         QTest::newRow("the shown one stays")
-            << "w6000" << QStringList{"photo.png:down.png,up.png", ".", "photo.png"} << 0;
+            << crowded << QStringList{"photo.png:down.png,up.png", ".", "photo.png"} << 0;
+        QTest::newRow("the next one stays")
+            << crowded << QStringList{"photo.png:down.png,up.png", ".", "down.png"} << 0;
     }
     void showsTheLastSelectionAndReadsAhead() {
         QFETCH(QString, size);

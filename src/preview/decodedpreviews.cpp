@@ -30,10 +30,13 @@ bool DecodedPreviews::has(const Key& key) const {
                        [&key](const Entry& entry) { return entry.key == key; });
 }
 
-bool DecodedPreviews::roomBesideNewest(const Key& key) const {
-    const QSize pixels = key.part.isEmpty() ? key.size : key.part.size();
-    const qsizetype newest = entries_.isEmpty() ? 0 : entries_.first().image.sizeInBytes();
-    return qsizetype{pixels.width()} * pixels.height() * 4 + newest <= kMaxBytes;
+bool DecodedPreviews::roomBesideNewest(const QList<Key>& keys) const {
+    qsizetype bytes = entries_.isEmpty() ? 0 : entries_.first().image.sizeInBytes();
+    for (const Key& key : keys) {
+        const QSize pixels = key.part.isEmpty() ? key.size : key.part.size();
+        bytes += qsizetype{pixels.width()} * pixels.height() * 4;
+    }
+    return bytes <= kMaxBytes;
 }
 
 void DecodedPreviews::keep(const Key& key, const QImage& image, Place place) {

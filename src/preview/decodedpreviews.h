@@ -33,8 +33,8 @@ public:
     // The pixels kept for `key`, which become the newest; a null image when there are none.
     QImage find(const Key& key);
     bool has(const Key& key) const;
-    // Whether the pixels for `key` fit in memory beside the newest entry.
-    bool roomBesideNewest(const Key& key) const;
+    // Whether the pixels for all of `keys` fit in memory together beside the newest entry.
+    bool roomBesideNewest(const QList<Key>& keys) const;
     void keep(const Key& key, const QImage& image, Place place = Place::Newest);
     // The pixels of the picture at `size`, from memory or decoded now; a null image when the file
     // cannot be decoded.

@@ -118,12 +118,16 @@ void ImageCanvas::takeDecoded(const PreviewDecoder::Request& request, const QIma
 
 void ImageCanvas::readAhead() {
     QList<PreviewDecoder::Request> requests;
+    // The neighbours are kept together, in their order, as far as they fit beside the shown
+    // preview: one read ahead must not push out the other.
+    QList<DecodedPreviews::Key> kept;
     for (const QString& path : std::as_const(neighbours_)) {
         const PicturePtr picture = Picture::open(path);
         if (!picture) continue;
         const DecodedPreviews::Key key = plan(picture).key;
-        if (!decoded_.has(key) && decoded_.roomBesideNewest(key))
-            requests.append({picture, key, true});
+        if (!decoded_.roomBesideNewest(kept + QList{key})) continue;
+        kept << key;
+        if (!decoded_.has(key)) requests.append({picture, key, true});
     }
     decoder_.decode(std::move(requests));
 }
