@@ -219,11 +219,23 @@ private slots:
         catalogue.removeAll();
         TestEnvironment::dialogs().answers.enqueue(true);
         dropOn(&window, {QUrl::fromLocalFile(folder)});
-        QStringList rows;
-        for (int row = 0; row < catalogue.imageCount(); ++row)
-            rows << catalogue.cell(row, CatalogueRow::FileName) + "|" +
-                        catalogue.cell(row, CatalogueRow::Caption);
-        QCOMPARE(rows, expected);
+        // Keeping the unwritten work reads no description: one given to a file since still counts.
+        window.findChild<QLineEdit*>("titleField")->setText("Kept");
+        QTRY_VERIFY(KeptWork([] { return GalleryPage(); }).find(folder));
+        describe(folder + "/g.jpg", {{iptc, "Later"}});
+        expected.last() = "g.jpg|Later";
+        // Work brought back in another window reads the descriptions it did not hold.
+        Gallery next;
+        MainWindow other{next, App::instance()->preferences(), App::instance()->menuBar()};
+        TestEnvironment::dialogs().answers.enqueue(true);
+        next.offerKeptWork();
+        for (const ImageCatalogue* shown : {&next.images(), &catalogue}) {
+            QStringList rows;
+            for (int row = 0; row < shown->imageCount(); ++row)
+                rows << shown->cell(row, CatalogueRow::FileName) + "|" +
+                            shown->cell(row, CatalogueRow::Caption);
+            QCOMPARE(rows, expected);
+        }
     }
 
     // Qt's own removal cannot reach a name that is not UTF-8.

@@ -345,7 +345,7 @@ private slots:
             const auto page = readGalleryPageFile(dir.filePath("index.html"));
             QVERIFY(page);
             QStringList slides;
-            for (const auto& [name, caption] : page->page.slides) slides << name + "|" + caption;
+            for (const auto& [name, caption] : page->page.slides) slides << name + "|" + *caption;
             QCOMPARE(slides.join(' '), order);
         }
         list->setFocus();

@@ -43,6 +43,11 @@ const QList<CatalogueRow>& ImageCatalogue::rows() const {
     return rows_;
 }
 
+std::optional<QString> ImageCatalogue::captionAsKnown(int row) const {
+    if (row < 0 || row >= imageCount() || rows_[row].captionInFile) return std::nullopt;
+    return rows_[row].caption;
+}
+
 void ImageCatalogue::readCaptionFromFile(int row) const {
     CatalogueRow& entry = rows_[row];
     if (!entry.captionInFile) return;

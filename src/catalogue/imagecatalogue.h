@@ -41,6 +41,8 @@ public:
 
     // Every row, each caption that is still in its file read.
     const QList<CatalogueRow>& rows() const;
+    // The row's caption, or nothing while it is still its picture's unread description.
+    std::optional<QString> captionAsKnown(int row) const;
     QItemSelectionModel* selectionModel() { return &selection_; }
 
     // Moves the given rows, in their order, to stand before `destination` (a row index of the

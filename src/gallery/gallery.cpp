@@ -70,8 +70,10 @@ void Gallery::setSettings(const GallerySettings& settings) {
 
 GalleryPage Gallery::work() const {
     GalleryPage work{settings_, {}};
-    for (const CatalogueRow& row : images_.rows())
-        work.slides.append({row.originalName, row.caption});
+    // A description not read yet stays unread: reading thousands would hold the window.
+    for (int row = 0; row < images_.imageCount(); ++row)
+        work.slides.append(
+            {images_.cell(row, CatalogueRow::FileName), images_.captionAsKnown(row)});
     return work;
 }
 
@@ -115,8 +117,9 @@ void Gallery::offerKeptWork() {
 }
 
 bool Gallery::bringBack(const GalleryPage& work) {
-    const auto captions = std::count_if(work.slides.cbegin(), work.slides.cend(),
-                                        [](const PageSlide& s) { return !s.caption.isEmpty(); });
+    const auto captions =
+        std::count_if(work.slides.cbegin(), work.slides.cend(),
+                      [](const PageSlide& s) { return !s.caption.value_or("").isEmpty(); });
     if (questions_ &&
         questions_->bringBackWork(QDir::toNativeSeparators(cleanFolder(work.settings.folder)),
                                   int(work.slides.size()), int(captions)))

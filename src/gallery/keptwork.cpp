@@ -46,8 +46,11 @@ QString fileFor(const QString& folder) {
 QJsonObject toJson(const GalleryPage& work) {
     const GallerySettings& s = work.settings;
     QJsonArray rows;
-    for (const PageSlide& slide : work.slides)
-        rows.append(QJsonObject{{"file", nameText(slide.fileName)}, {"caption", slide.caption}});
+    for (const PageSlide& slide : work.slides) {
+        QJsonObject row{{"file", nameText(slide.fileName)}};
+        if (slide.caption) row["caption"] = *slide.caption;
+        rows.append(row);
+    }
     return {{"folder", nameText(s.folder)},
             {"pageFileName", nameText(s.pageFileName)},
             {"headTitle", s.headTitle},
@@ -78,8 +81,11 @@ std::optional<GalleryPage> read(const QString& path) {
     s.captionColour = json["captionColour"].toString();
     s.fullWidth = json["fullWidth"].toBool();
     s.selfContained = json["selfContained"].toBool();
-    for (const QJsonValue row : json["rows"].toArray())
-        work.slides.append({nameOf(row["file"]), row["caption"].toString()});
+    for (const QJsonValue row : json["rows"].toArray()) {
+        const QJsonValue caption = row["caption"];
+        work.slides.append({nameOf(row["file"]),
+                            caption.isString() ? std::optional(caption.toString()) : std::nullopt});
+    }
     return work;
 }
 

@@ -20,7 +20,7 @@ QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& sli
 
     QList<int> order;
     order.reserve(count);
-    QStringList captions;
+    QList<std::optional<QString>> captions;
     std::vector<bool> placed(static_cast<std::size_t>(count));
     QStringList missing;
     for (const PageSlide& slide : slides) {
@@ -38,7 +38,7 @@ QStringList arrangeAsPage(ImageCatalogue& catalogue, const QList<PageSlide>& sli
         if (!placed[row]) order << row;
     catalogue.arrange(order);
     for (int row = 0; row < captions.size(); ++row)
-        catalogue.setCell(row, CatalogueRow::Caption, captions[row]);
+        if (captions[row]) catalogue.setCell(row, CatalogueRow::Caption, *captions[row]);
     missing.removeDuplicates();
     return missing;
 }

@@ -90,7 +90,8 @@ std::optional<GalleryPage> readGalleryPage(const QByteArray& bytes) {
                     page.slides.last().caption = std::move(caption->text);
                     captionDue = false;
                 } else if (const auto address = pageLayout::kImage.fieldOf(line)) {
-                    page.slides.append({pageText::fileNameOfAddress(address->toString()), {}});
+                    page.slides.append(
+                        {pageText::fileNameOfAddress(address->toString()), QString()});
                     captionDue = true;
                 } else if (line == controlsLine && !page.slides.isEmpty()) {
                     stage = Stage::Controls;

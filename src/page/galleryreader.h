@@ -10,7 +10,9 @@
 // One slide of a written page: the image's file name as on disk and its caption as typed.
 struct PageSlide {
     QString fileName;
-    QString caption;
+    // A page always gives a caption, if only an empty one. Only kept work leaves it out, for a
+    // picture whose caption is its own description, not yet read.
+    std::optional<QString> caption;
 
     bool operator==(const PageSlide&) const = default;
 };

@@ -90,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         *text = fieldText(*text);
     for (PageSlide& slide : gallery.slides) {
         slide.fileName = nativeName::fromBytes(nativeName::toBytes(slide.fileName));
-        slide.caption = fieldText(slide.caption);
+        slide.caption = fieldText(slide.caption.value_or(QString()));
     }
     // A slide without a name is the writer's stand-in for no image.
     gallery.slides.removeIf([](const PageSlide& slide) { return slide.fileName.isEmpty(); });
@@ -102,7 +102,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // So does the self-contained page, where a blank caption is none.
     settings.selfContained = true;
     for (PageSlide& slide : gallery.slides)
-        if (slide.caption.trimmed().isEmpty()) slide.caption.clear();
+        if (slide.caption->trimmed().isEmpty()) slide.caption->clear();
     const QByteArray selfContained = pageBytes(gallery);
     FUZZ_CHECK(readGalleryPage(selfContained) == gallery);
     return 0;

@@ -7,7 +7,7 @@
 inline QList<CatalogueRow> rowsOf(const GalleryPage& page) {
     QList<CatalogueRow> rows;
     for (const auto& [name, caption] : page.slides)
-        rows.append({{}, name, {}, {}, {}, {}, caption, {}});
+        rows.append({{}, name, {}, {}, {}, {}, caption.value_or(QString()), {}});
     return rows;
 }
 
