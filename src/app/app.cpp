@@ -74,9 +74,10 @@ void App::start() {
     mainWindow_ = new MainWindow(gallery_, preferences_, *menuBar_);
     mainWindow_->fillFromPreferences();
     mainWindow_->show();
-    // Once the window is up, as for a folder.
+    // Once the window is up, as for a folder; a folder handed over at the start brings its own
+    // kept work, and the question would be of another.
     QTimer::singleShot(0, this, [this] {
-        if (mainWindow_) gallery_.offerKeptWork();
+        if (mainWindow_ && !folderHandedOver_) gallery_.offerKeptWork();
     });
 }
 
@@ -90,6 +91,7 @@ void App::openFolder(const QString& path) {
     // into the gallery folder, so it must not depend on the working folder. Made absolute as text,
     // since QDir would lose the bytes of a name that is not UTF-8.
     const QString folder = QDir::cleanPath(QDir::current().absoluteFilePath(path));
+    folderHandedOver_ = true;
     QTimer::singleShot(0, this, [this, folder] {
         if (mainWindow_) gallery_.openFolder(folder);
     });

@@ -21,7 +21,7 @@ public:
     static App* instance() { return static_cast<App*>(QCoreApplication::instance()); }
 
     // The rest of the start: the main window, which fills its fields, and then the offer of the
-    // work kept last.
+    // work kept last, unless a folder is handed over first.
     void start();
     // Takes `path` the road of a dropped folder once the main window is open. Anything but an
     // existing folder is refused with a word on standard error, and the list stays as it is.
@@ -59,4 +59,5 @@ private:
     Preferences preferences_;
     MainMenuBar* menuBar_ = nullptr;
     QPointer<MainWindow> mainWindow_;
+    bool folderHandedOver_ = false;
 };
