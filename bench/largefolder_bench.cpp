@@ -154,6 +154,8 @@ double reopenDrop(const QString& folder, int count) {
     if (catalogue.imageCount() != count ||
         catalogue.cell(0, CatalogueRow::Caption) != QStringLiteral("Caption 0"))
         std::printf("  (the page was not restored)\n");
+    // The rows outlive the window, in the application's gallery: the next round starts empty.
+    App::instance()->gallery().clear();
     delete window;
     TestEnvironment::dialogs().clear();
     return ms;
