@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <QCollator>
+#include <QDir>
 #include <QLocale>
 #include <algorithm>
 #include <memory>
@@ -40,4 +41,8 @@ QStringList folderItemsByName(const QString& folder) {
         return order != 0 ? order < 0 : a < b;
     });
     return names;
+}
+
+QString cleanFolder(const QString& folder) {
+    return QDir::cleanPath(QDir::fromNativeSeparators(folder));
 }

@@ -7,3 +7,7 @@
 // that "IMG_2" comes before "IMG_10". Hidden items are included, "." and ".." are not; a name that
 // is not UTF-8 keeps its bytes (see nativeName). Empty when `folder` is no folder.
 QStringList folderItemsByName(const QString& folder);
+
+// `folder` spelt one way, with "/" between names and no closing "/", so that the spellings of one
+// folder compare equal.
+QString cleanFolder(const QString& folder);

@@ -20,10 +20,6 @@
 
 namespace {
 
-QString cleanFolder(const QString& folder) {
-    return QDir::cleanPath(QDir::fromNativeSeparators(folder));
-}
-
 // The colour list's own spelling of `colour`; `current` for a colour it does not hold (a page
 // edited by hand).
 QString listedColour(const QString& colour, const QString& current) {

@@ -9,6 +9,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include "catalogue/folderitems.h"
 #include "platform/nativename.h"
 
 namespace {
@@ -29,10 +30,6 @@ QString nameOf(const QJsonValue& value) {
 QString directory() {
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
            QStringLiteral("/kept work");
-}
-
-QString cleanFolder(const QString& folder) {
-    return QDir::cleanPath(QDir::fromNativeSeparators(folder));
 }
 
 // One file for each folder, named by a digest of the folder's path.
