@@ -96,11 +96,14 @@ QString unescaped(QStringView html) {
     return out;
 }
 
-QString unescapedLine(QStringView html) {
-    QString text = unescaped(html);
+QString oneLine(QString text) {
     for (QChar& c : text)
         if (c == u'\n' || c == u'\r') c = u' ';
     return text;
+}
+
+QString unescapedLine(QStringView html) {
+    return oneLine(unescaped(html));
 }
 
 QString addressOfFileName(const QString& name) {

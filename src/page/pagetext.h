@@ -11,6 +11,8 @@ namespace pageText {
 QString escaped(const QString& text);
 // The same for a quoted attribute's value: both quotes become character references as well.
 QString escapedAttribute(const QString& text);
+// `text` with each line break a blank, so that a field written into the page stays on its line.
+QString oneLine(QString text);
 // The text a browser shows for page content: character references (named ones for the characters
 // above and quotes, decimal and hexadecimal ones) become their characters again.
 QString unescaped(QStringView html);

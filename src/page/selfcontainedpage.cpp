@@ -25,16 +25,11 @@ QString resourceText(const QString& name) {
 }
 
 // Each field stays on its line, so that the page can be read back line by line.
-QString oneLine(QString text) {
-    for (QChar& c : text)
-        if (c == u'\n' || c == u'\r') c = u' ';
-    return text;
-}
 QString content(const QString& text) {
-    return pageText::escaped(oneLine(text));
+    return pageText::escaped(pageText::oneLine(text));
 }
 QString attribute(const QString& text) {
-    return pageText::escapedAttribute(oneLine(text));
+    return pageText::escapedAttribute(pageText::oneLine(text));
 }
 
 // The image's size from its cells, when both hold a positive whole number.
