@@ -64,12 +64,12 @@ QString iptcText(const Exiv2::IptcData& iptc, const char* key) {
     return found == iptc.end() ? QString() : decoded(found->toString());
 }
 
-// Whether `text`, found in a photo of the camera `make` and `model`, says nothing of the picture.
+// Whether `text`, cleaned, found in a photo of the camera `make` and `model`, says nothing of the
+// picture.
 bool isCameraBoilerplate(const QString& text, const QString& make, const QString& model) {
-    const QString trimmed = cleaned(text);
-    if (trimmed.isEmpty()) return true;
-    const auto same = [&trimmed](const QString& other) {
-        return trimmed.compare(other, Qt::CaseInsensitive) == 0;
+    if (text.isEmpty()) return true;
+    const auto same = [&text](const QString& other) {
+        return text.compare(other, Qt::CaseInsensitive) == 0;
     };
     if (!model.isEmpty() && (same(model) || same(make + QChar(' ') + model))) return true;
     if (!make.isEmpty() && same(make)) return true;

@@ -104,7 +104,7 @@ std::shared_ptr<Picture> Picture::open(const QString& path) {
     const QByteArray start = device.peek(kPngSignature.size());
     if (start.startsWith(kJpegSignature)) {
         const std::optional<JpegHeader> header = readJpegHeader(device);
-        if (!header || header->stored.isEmpty()) return nullptr;
+        if (!header) return nullptr;
         return std::shared_ptr<Picture>(
             new Picture(path, "jpeg", header->stored, header->orientation));
     }
